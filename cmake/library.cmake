@@ -1,0 +1,87 @@
+# The shared library: generated files, the sources compiled once, and the five builds of the bodies.
+
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+
+# ---- what follows from the declarations
+set(NOX_GENERATED ${PROJECT_BINARY_DIR}/generated)
+file(GLOB_RECURSE NOX_HEADERS CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/include/nox/*.h)
+set(NOX_GENERATED_FILES
+    ${NOX_GENERATED}/dispatch.S ${NOX_GENERATED}/index_forms.cpp ${NOX_GENERATED}/bodies.hpp
+    ${NOX_GENERATED}/plain.hpp ${NOX_GENERATED}/exports.map ${NOX_GENERATED}/status_rows.inc
+    ${NOX_GENERATED}/declarations.inc ${NOX_GENERATED}/include/nox/index.h)
+add_custom_command(
+  OUTPUT ${NOX_GENERATED}/stamp
+  BYPRODUCTS ${NOX_GENERATED_FILES}
+  COMMAND ${Python3_EXECUTABLE} -B ${PROJECT_SOURCE_DIR}/tools/generate.py --headers ${PROJECT_SOURCE_DIR}/include
+          --internal ${PROJECT_SOURCE_DIR}/core/internal.h --out ${NOX_GENERATED}
+  COMMAND ${CMAKE_COMMAND} -E touch ${NOX_GENERATED}/stamp
+  DEPENDS ${NOX_HEADERS} ${PROJECT_SOURCE_DIR}/core/internal.h ${PROJECT_SOURCE_DIR}/tools/generate.py
+          ${PROJECT_SOURCE_DIR}/tools/declarations.py
+  COMMENT "Generating dispatch table, index forms and export list"
+  VERBATIM)
+add_custom_target(nox_generated DEPENDS ${NOX_GENERATED}/stamp)
+
+# ---- flags
+set(NOX_WARNINGS -Wall -Wextra -Wpedantic -Wconversion)
+# The last word on the instruction set is ours: a -march in CXXFLAGS would put its instructions into every build.
+set(NOX_BASE -mfpmath=sse -march=pentium4 -mtune=generic)
+# Callers may keep the stack aligned to 4 bytes only; no out-of-line library code may be pulled into a build.
+set(NOX_CODE -O2 -ffp-contract=off -fno-math-errno -fvisibility=hidden -fno-exceptions -fno-rtti
+             -mincoming-stack-boundary=2 -fno-semantic-interposition)
+if(CMAKE_BUILD_TYPE STREQUAL "Debug")
+  list(APPEND NOX_CODE -g)
+endif()
+set(NOX_VARIANTS w7 s8 p8 g9 h9)
+set(NOX_FLAGS_w7 -msse2)
+set(NOX_FLAGS_s8 -mssse3 -mtune=bonnell -mno-movbe)
+set(NOX_FLAGS_p8 -msse4.2 -mno-popcnt)
+set(NOX_FLAGS_g9 -mavx -mno-f16c)
+set(NOX_FLAGS_h9 -mavx2 -mfma -mbmi -mbmi2 -mno-lzcnt -mno-movbe -mno-f16c)
+
+function(nox_internal_target target)
+  add_dependencies(${target} nox_generated)
+  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include
+                             ${NOX_GENERATED} ${NOX_GENERATED}/include)
+  set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON INTERPROCEDURAL_OPTIMIZATION OFF)
+endfunction()
+
+# ---- the bodies, five times
+file(GLOB NOX_BODIES CONFIGURE_DEPENDS
+     ${PROJECT_SOURCE_DIR}/core/bodies/*.cpp ${PROJECT_SOURCE_DIR}/vmath/*.cpp ${PROJECT_SOURCE_DIR}/vector/*.cpp
+     ${PROJECT_SOURCE_DIR}/stats/*.cpp ${PROJECT_SOURCE_DIR}/transform/*.cpp ${PROJECT_SOURCE_DIR}/filter/*.cpp
+     ${PROJECT_SOURCE_DIR}/generate/*.cpp ${PROJECT_SOURCE_DIR}/image/*.cpp)
+set(level 0)
+foreach(tag IN LISTS NOX_VARIANTS)
+  add_library(nox_${tag} OBJECT ${NOX_BODIES})
+  nox_internal_target(nox_${tag})
+  target_compile_definitions(nox_${tag} PRIVATE NOX_VARIANT=${tag} NOX_LEVEL=${level})
+  target_compile_options(nox_${tag} PRIVATE ${NOX_WARNINGS} ${NOX_CODE} -fno-tree-loop-distribute-patterns
+                         ${NOX_BASE} ${NOX_FLAGS_${tag}})
+  list(APPEND NOX_OBJECTS $<TARGET_OBJECTS:nox_${tag}>)
+  math(EXPR level "${level} + 1")
+endforeach()
+
+# ---- the rest, once
+file(GLOB NOX_ONCE CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/core/*.cpp ${PROJECT_SOURCE_DIR}/core/*.S
+     ${PROJECT_SOURCE_DIR}/array/*.cpp ${PROJECT_SOURCE_DIR}/adapters/*.cpp)
+add_library(nox SHARED ${NOX_ONCE} ${NOX_GENERATED}/dispatch.S ${NOX_GENERATED}/index_forms.cpp ${NOX_OBJECTS})
+nox_internal_target(nox)
+target_compile_options(nox PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${NOX_WARNINGS} ${NOX_CODE} ${NOX_BASE} -msse2>)
+# Forwarders call stubs and bodies alone, which take any stack: no need to align it for them.
+set_source_files_properties(${NOX_GENERATED}/index_forms.cpp ${PROJECT_SOURCE_DIR}/adapters/move_index.cpp
+                            PROPERTIES COMPILE_OPTIONS -mpreferred-stack-boundary=2)
+target_include_directories(nox INTERFACE
+  $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<BUILD_INTERFACE:${NOX_GENERATED}/include>
+  $<INSTALL_INTERFACE:include>)
+set_target_properties(nox PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+                      LINK_DEPENDS ${NOX_GENERATED}/exports.map)
+target_link_options(nox PRIVATE -Wl,--version-script=${NOX_GENERATED}/exports.map -Wl,-Bsymbolic-functions)
+if(NOT NOX_SANITIZE)
+  # A declaration without a body in some build ends here, with the name of the missing body.
+  target_link_options(nox PRIVATE -Wl,--no-undefined)
+endif()
+if(NOX_TEXT_RELOCATIONS)
+  target_compile_definitions(nox PRIVATE NOX_TEXT_RELOCATIONS)
+  target_link_options(nox PRIVATE -Wl,-z,notext)
+endif()
+add_library(nox::nox ALIAS nox)

@@ -1,0 +1,136 @@
+/* Index forms that do more than forward: written by hand, each with a body of its own.
+ *
+ * An index form takes every array as a base pointer and an element index, which may be negative; nothing tests the
+ * sum. The index forms that only forward are in nox/index.h, made from the declarations of their primitives. */
+#ifndef NOX_ADAPTERS_H
+#define NOX_ADAPTERS_H
+
+#include "nox/types.h"
+
+NOX_BEGIN_DECLS
+
+/**
+ * @brief Sets elements like noxsSet_64f(), but a length below 1 is no error and no pointer is tested.
+ * @param val     the value
+ * @param pDst    base of the array; a null one with a positive length faults
+ * @param dstIdx  index of the first element to set
+ * @param len     number of elements; below 1 nothing is done
+ * @return ::noxStsNoErr always
+ */
+NOX_API(NoxStatus) noxsSet_64f_Idx(Nox64f val, Nox64f pDst[], int dstIdx, int len);
+
+/**
+ * @brief Index form of the noxsMove functions: long arrays go in chunks whose byte counts fit in 31 bits.
+ *
+ * From 1024 elements on, chunks run forward from the first element, so a move between overlapping ranges is safe
+ * only inside one chunk of 0x7FFFFFFF bytes.
+ *
+ * @param pSrc    base of the source
+ * @param srcIdx  index of the first source element
+ * @param pDst    base of the destination
+ * @param dstIdx  index of the first destination element
+ * @param len     number of elements
+ * @return the status of the last chunk: ::noxStsNullPtrErr for a null address, then ::noxStsSizeErr for @p len below
+ *         1; otherwise ::noxStsNoErr
+ */
+NOX_API(NoxStatus) noxsMove_8u_Idx(const Nox8u pSrc[], int srcIdx, Nox8u pDst[], int dstIdx, int len);
+/** @copydoc noxsMove_8u_Idx */
+NOX_API(NoxStatus) noxsMove_16s_Idx(const Nox16s pSrc[], int srcIdx, Nox16s pDst[], int dstIdx, int len);
+/** @copydoc noxsMove_8u_Idx */
+NOX_API(NoxStatus) noxsMove_16sc_Idx(const Nox16sc pSrc[], int srcIdx, Nox16sc pDst[], int dstIdx, int len);
+/** @copydoc noxsMove_8u_Idx */
+NOX_API(NoxStatus) noxsMove_32s_Idx(const Nox32s pSrc[], int srcIdx, Nox32s pDst[], int dstIdx, int len);
+/** @copydoc noxsMove_8u_Idx */
+NOX_API(NoxStatus) noxsMove_32f_Idx(const Nox32f pSrc[], int srcIdx, Nox32f pDst[], int dstIdx, int len);
+/** @copydoc noxsMove_8u_Idx */
+NOX_API(NoxStatus) noxsMove_32sc_Idx(const Nox32sc pSrc[], int srcIdx, Nox32sc pDst[], int dstIdx, int len);
+/** @copydoc noxsMove_8u_Idx */
+NOX_API(NoxStatus) noxsMove_32fc_Idx(const Nox32fc pSrc[], int srcIdx, Nox32fc pDst[], int dstIdx, int len);
+/** @copydoc noxsMove_8u_Idx */
+NOX_API(NoxStatus) noxsMove_64s_Idx(const Nox64s pSrc[], int srcIdx, Nox64s pDst[], int dstIdx, int len);
+/** @copydoc noxsMove_8u_Idx */
+NOX_API(NoxStatus) noxsMove_64f_Idx(const Nox64f pSrc[], int srcIdx, Nox64f pDst[], int dstIdx, int len);
+/** @copydoc noxsMove_8u_Idx */
+NOX_API(NoxStatus) noxsMove_64sc_Idx(const Nox64sc pSrc[], int srcIdx, Nox64sc pDst[], int dstIdx, int len);
+/** @copydoc noxsMove_8u_Idx */
+NOX_API(NoxStatus) noxsMove_64fc_Idx(const Nox64fc pSrc[], int srcIdx, Nox64fc pDst[], int dstIdx, int len);
+
+/**
+ * @brief Makes the handle of a one-call FIR filter: spec, work buffer and cleared delay lines.
+ *
+ * Memory comes from the process heap and from the aligned allocator. Allocations are not tested: a process that is
+ * out of memory faults here.
+ *
+ * @param pTaps     base of the taps
+ * @param tapsIdx   index of the first tap
+ * @param tapsLen   number of taps, at least 1
+ * @param algType   a value of ::NoxAlgType
+ * @param ppHandle  takes the handle, whatever the status; give it to noxsFIRSRFree_Idx() in every case
+ * @return the status of the Init: ::noxStsSizeErr, ::noxStsNullPtrErr, ::noxStsAlgTypeErr or ::noxStsNoErr; a handle
+ *         that came with an error must not be run
+ */
+NOX_API(NoxStatus)
+noxsFIRSRInitAlloc_64f_Idx(const Nox64f pTaps[], int tapsIdx, int tapsLen, int algType, NoxFilterHandle** ppHandle);
+/** @copydoc noxsFIRSRInitAlloc_64f_Idx */
+NOX_API(NoxStatus)
+noxsFIRSRInitAlloc_64fc_Idx(const Nox64fc pTaps[], int tapsIdx, int tapsLen, int algType, NoxFilterHandle** ppHandle);
+
+/**
+ * @brief Filters the next block of a stream; the handle carries the past samples from call to call.
+ * @param pSrc     base of the source
+ * @param srcIdx   index of the first sample
+ * @param pDst     base of the destination
+ * @param dstIdx   index of the first output
+ * @param len      number of samples
+ * @param pHandle  handle of noxsFIRSRInitAlloc of the same type; one call at a time
+ * @return ::noxStsNullPtrErr for a null address, then ::noxStsSizeErr for @p len below 1; otherwise ::noxStsNoErr
+ */
+NOX_API(NoxStatus)
+noxsFIRSR_64f_Idx(const Nox64f pSrc[], int srcIdx, Nox64f pDst[], int dstIdx, int len, NoxFilterHandle* pHandle);
+/** @copydoc noxsFIRSR_64f_Idx */
+NOX_API(NoxStatus)
+noxsFIRSR_64fc_Idx(const Nox64fc pSrc[], int srcIdx, Nox64fc pDst[], int dstIdx, int len, NoxFilterHandle* pHandle);
+
+/**
+ * @brief Filters the next block of a stream in place, like noxsFIRSR_64f_Idx().
+ * @param pSrcDst    base of the array
+ * @param srcDstIdx  index of the first sample, overwritten by the first output
+ * @param len        number of samples
+ * @param pHandle    handle of noxsFIRSRInitAlloc of the same type; one call at a time
+ * @return ::noxStsNullPtrErr for a null address, then ::noxStsSizeErr for @p len below 1; otherwise ::noxStsNoErr
+ */
+NOX_API(NoxStatus) noxsFIRSR_64f_I_Idx(Nox64f pSrcDst[], int srcDstIdx, int len, NoxFilterHandle* pHandle);
+/** @copydoc noxsFIRSR_64f_I_Idx */
+NOX_API(NoxStatus) noxsFIRSR_64fc_I_Idx(Nox64fc pSrcDst[], int srcDstIdx, int len, NoxFilterHandle* pHandle);
+
+/**
+ * @brief Frees a handle of noxsFIRSRInitAlloc with all that belongs to it.
+ * @param pHandle  the handle, or null, which is ignored
+ */
+NOX_API(void) noxsFIRSRFree_Idx(NoxFilterHandle* pHandle);
+
+/**
+ * @brief Filters one sample with a spec and delay lines of the caller's.
+ * @param val         the sample
+ * @param pDstVal     takes the output
+ * @param pSpec       spec of noxsFIRSRInit of the same type
+ * @param pDlySrc     base of the delay line read; null for zeros, whatever the index
+ * @param dlySrcIdx   index of its first element
+ * @param pDlyDst     base of the delay line written; null if not wanted, whatever the index
+ * @param dlyDstIdx   index of its first element
+ * @param pBuf        base of the work buffer
+ * @param bufIdx      offset into the work buffer, in bytes
+ * @return ::noxStsNullPtrErr for a null pSpec, pDstVal or pBuf, otherwise ::noxStsNoErr
+ */
+NOX_API(NoxStatus)
+noxsFIROne_64f_Idx(Nox64f val, Nox64f* pDstVal, const NoxFirSpec* pSpec, NOX_NULLABLE const Nox64f pDlySrc[],
+                   int dlySrcIdx, NOX_NULLABLE Nox64f pDlyDst[], int dlyDstIdx, NOX_NULLABLE Nox8u pBuf[], int bufIdx);
+/** @copydoc noxsFIROne_64f_Idx */
+NOX_API(NoxStatus)
+noxsFIROne_64fc_Idx(Nox64fc val, Nox64fc* pDstVal, const NoxFirSpec* pSpec, NOX_NULLABLE const Nox64fc pDlySrc[],
+                    int dlySrcIdx, NOX_NULLABLE Nox64fc pDlyDst[], int dlyDstIdx, NOX_NULLABLE Nox8u pBuf[],
+                    int bufIdx);
+
+NOX_END_DECLS
+
+#endif

@@ -1,0 +1,14 @@
+/* The whole interface of the library: includes every other header. */
+#ifndef NOX_NOX_H
+#define NOX_NOX_H
+
+#include "nox/adapters.h"
+#include "nox/array.h"
+#include "nox/core.h"
+#include "nox/filter.h"
+#include "nox/index.h"
+#include "nox/status.h"
+#include "nox/types.h"
+#include "nox/vector.h"
+
+#endif

@@ -1,0 +1,9 @@
+/* Elementwise vector primitives: fill, copy and move; floating and complex arithmetic. */
+#ifndef NOX_VECTOR_H
+#define NOX_VECTOR_H
+
+#include "nox/vector/arithmetic.h"
+#include "nox/vector/flip.h"
+#include "nox/vector/move.h"
+
+#endif

@@ -1,0 +1,125 @@
+"""Reads the declarations of the library from its headers, and derives the index forms.
+
+The grammar of names decides what a function is: `_Idx` at the end marks an index form written by hand, `noxs` and
+`noxi` a dispatched primitive, `nox` before a capital a core query, anything else a function of the array layer.
+"""
+import re
+from dataclasses import dataclass, field
+from pathlib import Path
+
+# Index forms whose name isn't the primitive's with _Idx behind it.
+INDEX_NAME = {"noxsCopyLE_1u": "noxsCopy_1u_Idx"}
+
+
+@dataclass
+class Parameter:
+    type: str        # without const and without the pointer star of an array
+    name: str
+    array: bool
+    constant: bool
+    nullable: bool
+
+    @property
+    def kind(self):
+        return "Array" if self.array else "Pointer" if self.type.endswith("*") else "Value"
+
+    def __str__(self):
+        const = "const " if self.constant else ""
+        return f"{const}{self.type}{'' if self.type.endswith('*') else ' '}{self.name}{'[]' if self.array else ''}" \
+            if not self.type.endswith("*") else f"{const}{self.type} {self.name}"
+
+
+@dataclass
+class Function:
+    name: str
+    result: str
+    parameters: list
+    header: str = ""         # as in an #include; empty for a derived index form
+    internal: bool = False   # has a row but no export
+    brief: str = ""
+    primitive: object = field(default=None, repr=False)   # of an index form
+
+    @property
+    def dispatched(self):
+        return bool(re.match(r"nox[si][A-Z]", self.name)) and not self.name.endswith("_Idx")
+
+
+def parse_parameters(text):
+    text = " ".join(text.split())
+    if text == "void":
+        return []
+    out = []
+    for item in text.split(","):
+        item = item.strip()
+        nullable = item.startswith("NOX_NULLABLE ")
+        item = item.removeprefix("NOX_NULLABLE ")
+        constant = item.startswith("const ")
+        item = item.removeprefix("const ")
+        m = re.fullmatch(r"([\w ]+?)(\**) ?(\w+)(\[\])?", item)
+        if not m:
+            raise SystemExit(f"can't read the parameter '{item}'")
+        out.append(Parameter(m[1].strip() + m[2], m[3], bool(m[4]), constant, nullable))
+    return out
+
+
+def parse(text, header, macro):
+    briefs = {m.end(): m[1] for m in re.finditer(r"/\*\*\s*\*?\s*(?:@brief )?(.*?)(?:\n.*?)?\*/\s*", text, re.S)}
+    for m in re.finditer(macro + r"\(([^()]+)\)\s+(\w+)\(([^()]*)\);", text):
+        if header:
+            yield Function(m[2], m[1], parse_parameters(m[3]), header, brief=briefs.get(m.start(), ""))
+
+
+def read_headers(include, internal):
+    functions = []
+    for path in sorted(Path(include).rglob("*.h")):
+        header = path.relative_to(include).as_posix()
+        functions += parse(path.read_text(), header, "NOX_API")
+    for f in parse(Path(internal).read_text(), Path(internal).name, "NOX_INTERNAL"):
+        f.internal, f.header = True, "core/internal.h"
+        functions.append(f)
+    names = [f.name for f in functions]
+    twice = sorted({n for n in names if names.count(n) > 1})
+    if twice:
+        raise SystemExit(f"declared more than once: {', '.join(twice)}")
+    return functions
+
+
+def index_name(array):
+    """pSrc1 -> src1Idx"""
+    bare = array[1:] if re.match(r"p[A-Z]", array) else array
+    return bare[0].lower() + bare[1:] + "Idx"
+
+
+def has_index_form(f):
+    if not f.dispatched:
+        return False
+    return (any(p.array for p in f.parameters) or f.name.startswith("noxi")
+            or re.match(r"noxs(Malloc_|Free$|GetLibVersion$)", f.name))
+
+
+def index_forms(functions):
+    """The index forms that only forward; one declared by hand is left alone."""
+    declared = {f.name for f in functions}
+    out = []
+    for f in functions:
+        name = INDEX_NAME.get(f.name, f.name + "_Idx")
+        if not has_index_form(f) or name in declared:
+            continue
+        parameters = []
+        for p in f.parameters:
+            parameters.append(p)
+            if p.array:
+                parameters.append(Parameter("int", index_name(p.name), False, False, False))
+        out.append(Function(name, f.result, parameters, primitive=f))
+    return out
+
+
+def parameter_list(parameters):
+    return ", ".join(map(str, parameters)) or "void"
+
+
+def type_tag(type_name):
+    """A C identifier for a type: 'Nox64f' -> 'Nox64f', 'int*' -> 'Pointer'."""
+    if type_name.endswith("*"):
+        return "Pointer"
+    return type_name.replace(" ", "_").replace("const_", "").capitalize() if not type_name.startswith("Nox") else type_name
