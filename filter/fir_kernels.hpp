@@ -19,6 +19,14 @@ constexpr size_t kFirVectors = variant.fuses ? 7 : 6;
 template <>
 constexpr size_t kFirVectors<c64> = 3;
 
+// The same address, but unknown to the compiler: what it read near p before isn't kept for reuse. Neighbouring windows
+// share samples, and holding these in registers would push the sums out to memory.
+template <class E>
+NOX_INLINE const E* read_anew(const E* p) {
+  asm("" : "+r"(p));
+  return p;
+}
+
 // Count vectors of outputs at d, d + N and so on, but the last one at d + last, where it may overlap the one before.
 // The vectors are written out as a pack of indices: a loop over them may stay a loop, with the sums in memory.
 template <class V, size_t... I>
@@ -28,7 +36,7 @@ NOX_INLINE void fir_block(std::index_sequence<I...>, const Nox64f* s, Nox64f* d,
   V h = V::all(*taps);
   V sum[] = {h * V::load(s + place(I))...};
   while (++taps != taps_end) {
-    ++s;
+    s = read_anew(s + 1);
     h = V::all(*taps);
     ((sum[I] = madd(h, V::load(s + place(I)), sum[I])), ...);
   }
@@ -47,12 +55,10 @@ NOX_INLINE void fir_block(std::index_sequence<I...>, const Nox64fc* s, Nox64fc* 
   V by_re[] = {h_re * parts(C::load(s + place(I)))...};
   V by_im[] = {h_im * parts(C::load(s + place(I)))...};
   while (++taps != taps_end) {
-    ++s;
+    s = read_anew(s + 1);
     h_re = V::all(taps->re);
     ((by_re[I] = madd(h_re, parts(C::load(s + place(I))), by_re[I])), ...);
-    // A second reading of the samples: kept in registers they would push the sums out to memory.
-    const Nox64fc* again = s;
-    asm("" : "+r"(again));
+    const Nox64fc* const again = read_anew(s);
     h_im = V::all(taps->im);
     ((by_im[I] = madd(h_im, parts(C::load(again + place(I))), by_im[I])), ...);
   }
