@@ -55,10 +55,10 @@ def parse_parameters(text):
         item = item.removeprefix("NOX_NULLABLE ")
         constant = item.startswith("const ")
         item = item.removeprefix("const ")
-        m = re.fullmatch(r"([\w ]+?)(\**) ?(\w+)(\[\])?", item)
+        m = re.fullmatch(r"([\w ]+?)(\*+ ?| )(\w+)(\[\])?", item)
         if not m:
             raise SystemExit(f"can't read the parameter '{item}'")
-        out.append(Parameter(m[1].strip() + m[2], m[3], bool(m[4]), constant, nullable))
+        out.append(Parameter(m[1].strip() + m[2].strip(), m[3], bool(m[4]), constant, nullable))
     return out
 
 
