@@ -115,8 +115,8 @@ void note_call(const void* fn) {
   if (found != noted.end()) ++found->second;
 }
 
-PauseCoverage::PauseCoverage() {
-  paused = true;
+PauseCoverage::PauseCoverage(What what) {
+  paused = what == kAll;
   before_pause = counters;
 }
 PauseCoverage::~PauseCoverage() {
