@@ -6,7 +6,7 @@ from settings import CC, CXX, SOURCE, Scratch, run
 import check_objects
 from instruction_sets import instruction_set
 
-OBJECT_FLAGS = ["-O2", "-std=c++17", "-march=pentium4", "-mfpmath=sse", "-fPIC", "-fno-exceptions", "-ffp-contract=off"]
+OBJECT_FLAGS = ["-O2", "-std=c++17", "-march=pentium4", "-mfpmath=sse", "-fPIC", "-fno-exceptions"]
 LOAD = "#include <immintrin.h>\nextern \"C\" void "
 
 # Build, further flags, source, what the faults must say (none: no fault).
