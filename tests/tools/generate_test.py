@@ -18,7 +18,8 @@ class Generator(Scratch):
     def test_refusals(self):
         for declaration, message in [
                 ("NOX_API(NoxStatus) noxsZero_64f(Nox64f pDst[], int len);", "declared more than once: noxsZero_64f"),
-                ("NOX_API(NoxStatus) noxsNew_64f(Nox64f pDst[4], int len);", "can't read the parameter 'Nox64f pDst[4]'"),
+                ("NOX_API(NoxStatus) noxsNew_64f(Nox64f pDst[4], int len);",
+                 "can't read the parameter 'Nox64f pDst[4]'"),
                 ("NOX_API(NoxStatus) noxsNew_64f(Nox64f, int len);", "can't read the parameter 'Nox64f'"),
                 ("NOX_API(NoxStatus) noxsNew_64f(int (*f)(int));", "extra.h: can't read the declaration"),
                 ("NOX_API(NoxStatus) noxsNew_64f(int len)", "extra.h: can't read the declaration")]:
