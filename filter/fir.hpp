@@ -1,8 +1,8 @@
 // The single-rate FIR filter's record, and the places of everything in the caller's two pieces of memory.
 //
 // Spec memory, from its first 64-byte boundary: the record, and 64 bytes on the reversed taps. Work memory, from its
-// own address, whatever that is: the joined sequence (delay line, then first samples), the delay line kept between
-// chunks with its successor, and 32768 bytes for the outputs of one chunk.
+// own address, whatever that is: the joined sequence (delay line, then first samples), room for two delay lines kept
+// between chunks, and 32768 bytes for the outputs of one chunk.
 #pragma once
 #include "core/variant.hpp"
 #include "nox/filter.h"
@@ -40,7 +40,7 @@ NOX_INLINE T* first_boundary(T* p) {
 struct FirLayout {
   Nox64u taps;      // reversed taps
   Nox64u sequence;  // room for a delay line and as many samples
-  Nox64u delay;     // the delay line kept between chunks and its successor
+  Nox64u delay;     // two delay lines; the direct sum keeps one between chunks and leaves the second alone
   constexpr FirLayout(Nox64u tapsLen, Nox64u element)
       : taps(round64(element * tapsLen)),
         sequence(round64(2 * element * tapsLen)),
