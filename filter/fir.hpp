@@ -1,9 +1,8 @@
 // The single-rate FIR filter's record, and the places of everything in the caller's two pieces of memory.
 //
 // Spec memory, from its first 64-byte boundary: the record, 64 bytes on the reversed taps, behind them the wide taps of
-// the builds that use them. Work memory, from its
-// own address, whatever that is: the joined sequence (delay line, then first samples), room for two delay lines kept
-// between chunks, and 32768 bytes for the outputs of one chunk.
+// the builds that use them. Work memory, from its own address, whatever that is: the joined sequence (delay line, then
+// first samples), room for two delay lines kept between chunks, and 32768 bytes for the outputs of one chunk.
 #pragma once
 #include "filter/fir_kernels.hpp"
 #include "nox/filter.h"
