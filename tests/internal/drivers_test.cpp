@@ -128,8 +128,7 @@ TEST_P(Drivers, AgreeWithTheScalarReference) {
   for (int i = 0; i < cases.driver_count; ++i) {
     const DriverCase& driver = cases.drivers[i];
     if (driver.shape == Shape::Watch) continue;
-    SCOPED_TRACE("shape " + std::to_string(static_cast<int>(driver.shape)) + ", element " +
-                 std::to_string(static_cast<int>(driver.element)));
+    SCOPED_TRACE(internal::describe(driver));
     internal::with_type(driver.element, [&](auto t) { test_case<typename decltype(t)::type>(driver, random); });
   }
 }

@@ -186,14 +186,13 @@ TEST_P(Lanes, AgreeWithTheScalarReference) {
   kit::Random random;
   for (int i = 0; i < cases.lane_count; ++i) {
     const LaneCase& lane = cases.lanes[i];
-    SCOPED_TRACE("operation " + std::to_string(static_cast<int>(lane.op)) + ", element " +
-                 std::to_string(static_cast<int>(lane.element)) + ", lanes " + std::to_string(lane.lanes));
+    SCOPED_TRACE(internal::describe(lane));
     internal::with_type(lane.element,
                         [&](auto t) { test_case<typename decltype(t)::type>(lane, cases.fuses, random); });
   }
 }
 
-// A sign bit is all that tells these results apart where a value is compared with one of its own kind.
+// The reference takes any NaN for any other; these operations must keep payload and sign.
 TEST_P(Lanes, MoveTheBitsOfNan) {
   const internal::Cases& cases = internal::cases_of(GetParam());
   const std::set<Op> movers = {Op::All, Op::Reverse, Op::Negate, Op::Abs, Op::Conj, Op::SwapParts, Op::ReTwice};
@@ -216,7 +215,7 @@ TEST_P(Lanes, MoveTheBitsOfNan) {
       const Nox64u wanted = lane.op == Op::Negate || (lane.op == Op::Conj && k % 2) ? source[from] ^ top
                             : lane.op == Op::Abs                                    ? source[from] & ~top
                                                                                     : source[from];
-      EXPECT_EQ(result[k], wanted) << "operation " << static_cast<int>(lane.op) << ", lane " << k << " of " << words;
+      EXPECT_EQ(result[k], wanted) << internal::describe(lane) << ", lane " << k << " of " << words;
     }
   }
 }
