@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <utility>
 
+#include "core/feature_mask.hpp"
 #include "kit/call.hpp"
 #include "kit/variants.hpp"
 #include "nox/nox.h"
@@ -64,6 +66,60 @@ TEST(Features, AgreeWithTheCompilersReading) {
   }
   EXPECT_FALSE(has(12));
   EXPECT_EQ(kit::processor_mask() >> 37, 0u);
+}
+
+// Each bit by itself, with the places the compiler's header gives; what no processor at hand has is seen here alone.
+TEST(FeatureMask, TakesEachFeatureFromItsPlace) {
+  using Id = nox::Identification;
+  const auto c1 = [](Nox32u bits) { return Id{{0, 0, bits, 0}, {}, 0, 0, true}; };
+  const auto d1 = [](Nox32u bits) { return Id{{0, 0, 0, bits}, {}, 0, 0, true}; };
+  const auto b7 = [](Nox32u bits) { return Id{{}, {0, bits, 0, 0}, 0, 0, true}; };
+  const auto c7 = [](Nox32u bits) { return Id{{}, {0, 0, bits, 0}, 0, 0, true}; };
+  const auto d7 = [](Nox32u bits) { return Id{{}, {0, 0, 0, bits}, 0, 0, true}; };
+  const struct {
+    int bit;
+    Id id;
+  } rows[] = {{0, d1(bit_MMX)},           {1, d1(bit_SSE)},
+              {2, d1(bit_SSE2)},          {3, c1(bit_SSE3)},
+              {4, c1(bit_SSSE3)},         {5, c1(bit_MOVBE)},
+              {6, c1(bit_SSE4_1)},        {7, c1(bit_SSE4_2)},
+              {8, c1(bit_AVX)},           {10, c1(bit_AES)},
+              {11, c1(bit_PCLMUL)},       {13, c1(bit_RDRND)},
+              {14, c1(bit_F16C)},         {16, b7(bit_ADX)},
+              {17, b7(bit_RDSEED)},       {18, Id{{}, {}, bit_PRFCHW, 0, true}},
+              {19, b7(bit_SHA)},          {20, b7(bit_AVX512F)},
+              {21, b7(bit_AVX512CD)},     {22, b7(bit_AVX512ER)},
+              {23, b7(bit_AVX512PF)},     {24, b7(bit_AVX512BW)},
+              {25, b7(bit_AVX512DQ)},     {26, b7(bit_AVX512VL)},
+              {27, c7(bit_AVX512VBMI)},   {28, b7(1u << 14)},
+              {29, d7(bit_AVX5124FMAPS)}, {30, d7(bit_AVX5124VNNIW)},
+              {32, b7(bit_AVX512IFMA)},   {34, c7(bit_AVX512VPOPCNTDQ)},
+              {35, c7(bit_AVX512BITALG)}, {36, d7(1u << 23)}};
+  for (const auto& row : rows) EXPECT_EQ(nox::feature_mask(row.id), Nox64u{1} << row.bit) << row.bit;
+}
+
+TEST(FeatureMask, JoinsWhatOnlyCountsTogether) {
+  constexpr Nox64u kAvx = 0x100, kAvxSaved = 0x200, kLevel2 = 0x8000, kAvx512Saved = Nox64u{2} << 32;
+  constexpr Nox32u kLevel2Words = bit_AVX2 | bit_BMI | bit_BMI2;
+  const auto mask = [](Nox32u c1, Nox32u b7, Nox32u saved, bool has_leaf7 = true) {
+    return nox::feature_mask({{0, 0, c1, 0}, {0, b7, 0, 0}, 0, saved, has_leaf7});
+  };
+  EXPECT_EQ(mask(bit_AVX | bit_OSXSAVE, 0, 0x7), kAvx | kAvxSaved);
+  EXPECT_EQ(mask(bit_AVX | bit_OSXSAVE, 0, 0x3), kAvx);
+  EXPECT_EQ(mask(bit_AVX | bit_OSXSAVE, 0, 0x5), kAvx);
+  EXPECT_EQ(mask(bit_AVX, 0, 0x7), kAvx);
+  EXPECT_EQ(mask(bit_OSXSAVE, 0, 0x7), 0u);
+  EXPECT_EQ(mask(bit_FMA, kLevel2Words, 0), kLevel2);
+  EXPECT_EQ(mask(0, kLevel2Words, 0), 0u);
+  for (const Nox32u one : {bit_AVX2, bit_BMI, bit_BMI2})
+    EXPECT_EQ(mask(bit_FMA, kLevel2Words & ~static_cast<Nox32u>(one), 0), 0u);
+  EXPECT_EQ(mask(bit_OSXSAVE, 0, 0xE0), kAvx512Saved);
+  EXPECT_EQ(mask(bit_OSXSAVE, 0, 0x60), 0u);
+  EXPECT_EQ(mask(0, 0, 0xE0), 0u);
+  EXPECT_EQ(mask(bit_OSXSAVE, 0, 0xE0, false), 0u);
+  for (const auto& [signature, found] :
+       {std::pair{0xB10u, true}, {0xFFFFFB1Fu, true}, {0xB00u, false}, {0xA10u, false}})
+    EXPECT_EQ(nox::feature_mask({{signature, 0, 0, 0}, {}, 0, 0, true}) != 0, found) << std::hex << signature;
 }
 
 TEST(Features, QueryGivesMaskAndFirstLeaf) {

@@ -114,7 +114,7 @@ TEST(Queries, FrequencyIsThatOfTheClocks) {
   const Nox64u passed = nanoseconds() - before;
   const double expected = static_cast<double>(call(noxGetCpuClocks) - clocks) * 1000 / static_cast<double>(passed);
   EXPECT_GE(passed, 1990000000u);
-  EXPECT_LE(passed, 3500000000u);
+  EXPECT_LE(passed, 4500000000u);  // three seconds at most, and what a busy machine adds
   EXPECT_NEAR(mhz, expected, 0.05 * expected);
 }
 

@@ -2,6 +2,7 @@
 // while other threads compute.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <thread>
 #include <vector>
@@ -142,6 +143,33 @@ TEST_P(VersionRecord, TellsTheBuild) {
   EXPECT_EQ(call(noxsGetLibVersion_Idx), v);
 }
 NOX_EACH_VARIANT(VersionRecord);
+
+// A body that does nothing, so that the registers tell what the way to it did to them.
+asm(".text\n.local frame_empty_body\nframe_empty_body: ret\n");
+extern "C" void frame_empty_body();
+
+TEST_F(Selection, OutOfAnInitialEntryKeepsTheArgumentRegisters) {
+  const int row = kit::row_of(reinterpret_cast<void*>(&noxsFree)), column = kit::runnable_variants().back().column;
+  void* const initial = kit::row_entry(row, -1);
+  void* const body = kit::row_entry(row, column);
+  kit::row_entry(row, column) = reinterpret_cast<void*>(&frame_empty_body);
+  kit::selector() = -1;
+  alignas(16) uint32_t before[16], after[16];
+  for (uint32_t i = 0; i < 16; ++i) before[i] = 0x01010101 * (i + 1);
+  uint32_t ecx = 0xC1C2C3C4, edx = 0xD1D2D3D4;
+  asm volatile(
+      "movaps (%[b]), %%xmm0\n\tmovaps 16(%[b]), %%xmm1\n\tmovaps 32(%[b]), %%xmm2\n\tmovaps 48(%[b]), %%xmm3\n\t"
+      "call *%[f]\n\t"
+      "movups %%xmm0, (%[a])\n\tmovups %%xmm1, 16(%[a])\n\tmovups %%xmm2, 32(%[a])\n\tmovups %%xmm3, 48(%[a])\n\t"
+      : "+c"(ecx), "+d"(edx)
+      : [b] "S"(before), [a] "D"(after), [f] "m"(initial)
+      : "eax", "xmm0", "xmm1", "xmm2", "xmm3", "xmm4", "xmm5", "xmm6", "xmm7", "cc", "memory");
+  kit::row_entry(row, column) = body;
+  EXPECT_EQ(kit::selector(), column);
+  EXPECT_TRUE(std::equal(before, before + 16, after));
+  EXPECT_EQ(ecx, 0xC1C2C3C4);
+  EXPECT_EQ(edx, 0xD1D2D3D4);
+}
 
 TEST_F(Selection, WhileOtherThreadsCompute) {
   const auto& variants = kit::runnable_variants();

@@ -1,5 +1,6 @@
 """The check of the binary finds what it is there for: each case here is one small fault and the words it must give."""
 import re
+import sys
 
 from settings import CC, CXX, SOURCE, Scratch, run
 
@@ -119,14 +120,14 @@ class Objects(Scratch):
 
 
 class SharedObject(Scratch):
-    def check(self, assembly, *flags):
+    def check(self, assembly, *flags, options=()):
         source, script = self.write("lib.S", assembly), self.write("exports.map", MAP)
         library = self.dir / "lib.so"
         self.must(*CC, "-shared", "-nostdlib", "-Wl,-z,notext", "-Wl,-z,relro", f"-Wl,--version-script={script}",
                   *(flags or ["-Wl,-soname,libnox.so.1"]), source, "-o", library)
         declared = self.write("declared.map", MAP.replace("    extra;\n", ""))
-        return run("python3", "-B", SOURCE / "tools/check_binary.py", "--library", library, "--exports", declared,
-                   "--objects", self.write("objects.txt", ""))
+        return run(sys.executable, "-B", SOURCE / "tools/check_binary.py", "--library", library, "--exports", declared,
+                   "--objects", self.write("objects.txt", ""), *options)
 
     def test_sound_library(self):
         done = self.check(LIBRARY)
@@ -144,3 +145,8 @@ class SharedObject(Scratch):
     def test_other_name(self):
         done = self.check(LIBRARY, "-Wl,-soname,other.so")
         self.assertTrue(re.search("soname is .*other.so", done.stdout), done.stdout)
+
+    def test_relocations_in_code(self):
+        done = self.check(LIBRARY, options=["--no-text-relocations"])
+        self.assertIn("kind: has relocations in its code", done.stdout)
+        self.assertIn("stubs and rows are not checked", done.stdout)
