@@ -51,6 +51,12 @@ file(GLOB NOX_BODIES CONFIGURE_DEPENDS
      ${PROJECT_SOURCE_DIR}/stats/*.cpp ${PROJECT_SOURCE_DIR}/transform/*.cpp ${PROJECT_SOURCE_DIR}/filter/*.cpp
      ${PROJECT_SOURCE_DIR}/generate/*.cpp ${PROJECT_SOURCE_DIR}/image/*.cpp)
 set(level 0)
+# Bodies and kernels of the movers call only their own kind, which take any stack: not to align it lets a body end in a
+# jump to its kernel.
+foreach(name IN ITEMS bit_copy block_copy block_fill move)
+  set_property(SOURCE ${PROJECT_SOURCE_DIR}/vector/${name}.cpp APPEND PROPERTY COMPILE_OPTIONS
+               -mpreferred-stack-boundary=2)
+endforeach()
 foreach(tag IN LISTS NOX_VARIANTS)
   add_library(nox_${tag} OBJECT ${NOX_BODIES})
   nox_internal_target(nox_${tag})
