@@ -27,23 +27,40 @@ NOX_KERNEL NoxStatus move_bytes(void* d, const void* s, size_t n);
 NOX_KERNEL NoxStatus copy_forward(void* d, const void* s, size_t n);
 NOX_KERNEL NoxStatus copy_backward(void* d, const void* s, size_t n);
 
-// Clears bytes with ordinary stores, and with the processor's string store where n is above `large`.
+// Whether n bytes are too many to leave anything else in the cache, so that they are better stored past it.
+NOX_KERNEL bool streams(size_t n);
+
+// Clears bytes, with ordinary stores or with the processor's string store.
 NOX_KERNEL NoxStatus zero_bytes(void* d, size_t n);
 NOX_KERNEL NoxStatus zero_bytes_by_string(void* d, size_t n);
 
 // Repeats an element over n bytes. `pattern` is the element repeated over 16 bytes, `element` its size: a power of 2
 // up to 16 that divides n.
 NOX_KERNEL NoxStatus fill_bytes(void* d, size_t n, size_t element, __m128i pattern);
+// The same for long ranges, more than eight vectors.
 NOX_KERNEL NoxStatus fill_bytes_large(void* d, size_t n, size_t element, __m128i pattern);
+
+// Eight bytes by halves: arguments are often pushed as words, and one wide load would wait until both have left the
+// store buffer. Volatile, lest the compiler join the halves. A double gains nothing: the compiler copies it whole to
+// aligned memory first.
+NOX_INLINE __m128i pair_of_words(const void* p) {
+  typedef int Word __attribute__((may_alias));
+  const volatile Word* const words = static_cast<const volatile Word*>(p);
+  return _mm_unpacklo_epi32(_mm_cvtsi32_si128(words[0]), _mm_cvtsi32_si128(words[1]));
+}
 
 // An element of 1, 2, 4, 8 or 16 bytes repeated over 16, by its bits.
 template <class T>
 NOX_INLINE __m128i pattern_of(const T& value) {
   static_assert(sizeof(T) <= 16 && 16 % sizeof(T) == 0, "the pattern holds whole elements");
   if constexpr (sizeof(T) == 16) {
-    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(&value));
+    return _mm_unpacklo_epi64(pair_of_words(&value), pair_of_words(reinterpret_cast<const char*>(&value) + 8));
   } else if constexpr (sizeof(T) == 8) {
-    const __m128i low = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(&value));
+    __m128i low;
+    if constexpr (__is_same(T, Nox64f))
+      low = _mm_castpd_si128(_mm_set_sd(value));
+    else
+      low = pair_of_words(&value);
     return _mm_unpacklo_epi64(low, low);
   } else if constexpr (sizeof(T) == 4) {
     return _mm_set1_epi32(static_cast<int>(value));

@@ -15,7 +15,6 @@ namespace {
 constexpr size_t kShort = 2 * kWide;
 constexpr size_t kMedium = 8 * kWide;
 constexpr size_t kGroup = 4 * kWide;
-constexpr size_t kLine = 64;
 
 // Count chunks forward from the starts and backward from the ends, which may overlap in the middle. The recursion puts
 // all loads before all stores.
@@ -65,12 +64,15 @@ NOX_INLINE void copy_group_down(Byte* d, const Byte* s) {
   v0.store_aligned(d);
 }
 
+// More than kMedium bytes, the destination below the source if they overlap. Groups begin on a line, since a group that
+// straddles two takes longer from the second cache on.
 NOX_KERNEL NoxStatus forward_long(Byte* d, const Byte* s, size_t n) {
   const Wide head = Wide::load(s), tail = Wide::load(s + n - kWide);
-  const size_t skip = to_next(d, kWide);
+  const size_t skip = to_next_vector(d);
   Byte* p = d + skip;
   const Byte* q = s + skip;
   Byte* const last = d + n - kWide;
+  for (; address(p) & (kLine - 1); p += kWide, q += kWide) Wide::load(q).store_aligned(p);
   const Byte* const stop = p + (static_cast<size_t>(last - p) & ~(kGroup - 1));
   for (; p != stop; p += kGroup, q += kGroup) copy_group(p, q);
   for (; p < last; p += kWide, q += kWide) Wide::load(q).store_aligned(p);
@@ -79,11 +81,17 @@ NOX_KERNEL NoxStatus forward_long(Byte* d, const Byte* s, size_t n) {
   return noxStsNoErr;
 }
 
+// More than kMedium bytes, the destination above the source if they overlap: the same from the end.
 NOX_KERNEL NoxStatus backward_long(Byte* d, const Byte* s, size_t n) {
   const Wide head = Wide::load(s), tail = Wide::load(s + n - kWide);
-  Byte* p = d + n - 1;
-  p -= address(p) & (kWide - 1);
-  const Byte* q = s + (p - d);
+  const size_t skip = (address(d + n) - 1) % kWide + 1;
+  Byte* p = d + n - skip;
+  const Byte* q = s + n - skip;
+  while (address(p) & (kLine - 1)) {
+    p -= kWide;
+    q -= kWide;
+    Wide::load(q).store_aligned(p);
+  }
   const Byte* const stop = p - (static_cast<size_t>(p - d) & ~(kGroup - 1));
   while (p != stop) {
     p -= kGroup;
@@ -110,7 +118,7 @@ NOX_INLINE void stream_lines(Byte* d, const Byte* s, size_t bytes) {
 }
 
 NOX_KERNEL NoxStatus copy_streaming(Byte* d, const Byte* s, size_t n) {
-  const size_t head = -address(d) & (kLine - 1), body = (n - head) & ~(kLine - 1);
+  const size_t head = to_boundary(d, kLine), body = (n - head) & ~(kLine - 1);
   copy_forward(d, s, head);
   stream_lines(d + head, s + head, body);
   copy_forward(d + head + body, s + head + body, n - head - body);
@@ -120,7 +128,7 @@ NOX_KERNEL NoxStatus copy_streaming(Byte* d, const Byte* s, size_t n) {
 
 // Whole lines of the destination from the last to the first, with the ends around them.
 NOX_KERNEL NoxStatus copy_lines_backward(Byte* d, const Byte* s, size_t n) {
-  const size_t head = -address(d) & (kLine - 1), body = (n - head) & ~(kLine - 1);
+  const size_t head = to_boundary(d, kLine), body = (n - head) & ~(kLine - 1);
   copy_forward(d + head + body, s + head + body, n - head - body);
   Byte* p = d + head + body;
   const Byte* q = s + head + body;
@@ -134,11 +142,6 @@ NOX_KERNEL NoxStatus copy_lines_backward(Byte* d, const Byte* s, size_t n) {
   return copy_forward(d, s, head);
 }
 
-bool streams(size_t n) {
-  int cache;
-  return n > kStreamAbove && noxGetMaxCacheSizeB(&cache) == noxStsNoErr && overruns_cache(n, cache);
-}
-
 NOX_KERNEL NoxStatus copy_large(Byte* d, const Byte* s, size_t n) {
   if (streams(n)) return copy_streaming(d, s, n);
   if (forward_collides(address(d), address(s))) return copy_lines_backward(d, s, n);
@@ -146,6 +149,11 @@ NOX_KERNEL NoxStatus copy_large(Byte* d, const Byte* s, size_t n) {
 }
 
 }  // namespace
+
+bool streams(size_t n) {
+  int cache;
+  return n > kStreamAbove && noxGetMaxCacheSizeB(&cache) == noxStsNoErr && overruns_cache(n, cache);
+}
 
 NoxStatus copy_forward(void* d, const void* s, size_t n) {
   if (n <= kShort) return copy_short(bytes(d), bytes(s), n);

@@ -1,7 +1,8 @@
 // Kernels that fill bytes: one element repeated, or zeros.
 //
 // A fill stores unaligned vectors at both ends and aligned ones between them. Where an element doesn't reach the
-// boundary by whole steps, the aligned vectors hold the element rotated, read back from what was just stored.
+// boundary by whole steps, the aligned vectors hold the element rotated, read back from what was just stored. Zeros in
+// bulk are left to the processor's string store, which knows how to make them without reading a line.
 #include "vector/block.hpp"
 #include "vector/block_lanes.hpp"
 
@@ -47,16 +48,22 @@ NOX_INLINE NoxStatus fill_short(Byte* d, size_t n, __m128i pattern) {
   return noxStsNoErr;
 }
 
+// What stands at p, a boundary inside the first two vectors of the fill, when the fill begins at d.
+NOX_INLINE Wide in_phase(Byte* d, const Byte* p, size_t element, Wide v) {
+  if ((static_cast<size_t>(p - d) & (element - 1)) == 0) return v;
+  v.store(d + kWide);
+  return Wide::load(p);
+}
+
+// More than kShort bytes; groups begin on a line.
 NOX_KERNEL NoxStatus fill_long(Byte* d, size_t n, size_t element, __m128i pattern) {
-  Wide v = widen(pattern);
-  Byte* p = d + to_next(d, kWide);
+  const Wide unaligned = widen(pattern);
+  Byte* p = d + to_next_vector(d);
   Byte* const last = d + n - kWide;
-  v.store(d);
-  v.store(last);
-  if (static_cast<size_t>(p - d) & (element - 1)) {
-    v.store(d + kWide);
-    v = Wide::load(p);
-  }
+  unaligned.store(d);
+  unaligned.store(last);
+  const Wide v = in_phase(d, p, element, unaligned);
+  for (; address(p) & (kLine - 1); p += kWide) v.store_aligned(p);
   const Byte* const stop = p + (static_cast<size_t>(last - p) & ~(kGroup - 1));
   for (; p != stop; p += kGroup) {
     v.store_aligned(p);
@@ -68,6 +75,19 @@ NOX_KERNEL NoxStatus fill_long(Byte* d, size_t n, size_t element, __m128i patter
   return noxStsNoErr;
 }
 
+// Past the caches.
+NOX_KERNEL NoxStatus fill_streaming(Byte* d, size_t n, size_t element, __m128i pattern) {
+  const Wide unaligned = widen(pattern);
+  Byte* p = d + to_next_vector(d);
+  Byte* const last = d + n - kWide;
+  unaligned.store(d);
+  const Wide v = in_phase(d, p, element, unaligned);
+  for (; p < last; p += kWide) v.stream(p);
+  _mm_sfence();  // other threads see the data before the call returns
+  unaligned.store(last);
+  return noxStsNoErr;
+}
+
 }  // namespace
 
 NoxStatus fill_bytes(void* d, size_t n, size_t element, __m128i pattern) {
@@ -76,7 +96,8 @@ NoxStatus fill_bytes(void* d, size_t n, size_t element, __m128i pattern) {
 }
 
 NoxStatus fill_bytes_large(void* d, size_t n, size_t element, __m128i pattern) {
-  return fill_bytes(d, n, element, pattern);
+  if (streams(n)) return fill_streaming(bytes(d), n, element, pattern);
+  return fill_long(bytes(d), n, element, pattern);
 }
 
 NoxStatus zero_bytes(void* d, size_t n) { return fill_bytes(d, n, 1, _mm_setzero_si128()); }

@@ -65,8 +65,12 @@ constexpr size_t kWide = Wide::kBytes;
 NOX_INLINE Byte* bytes(void* p) { return static_cast<Byte*>(p); }
 NOX_INLINE const Byte* bytes(const void* p) { return static_cast<const Byte*>(p); }
 NOX_INLINE uintptr_t address(const void* p) { return reinterpret_cast<uintptr_t>(p); }
-// Bytes from p to the next boundary behind it, 1 to boundary.
-NOX_INLINE size_t to_next(const Byte* p, size_t boundary) { return boundary - (address(p) & (boundary - 1)); }
+constexpr size_t kLine = 64;
+
+// The first boundary of a vector behind p, 1 to kWide bytes away.
+NOX_INLINE size_t to_next_vector(const Byte* p) { return kWide - (address(p) & (kWide - 1)); }
+// Bytes from p to the first boundary at or behind it.
+NOX_INLINE size_t to_boundary(const Byte* p, size_t boundary) { return -address(p) & (boundary - 1); }
 
 }  // namespace NOX_VARIANT
 }  // namespace nox
