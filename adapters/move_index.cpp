@@ -33,7 +33,10 @@ using nox::move_in_chunks;
 extern "C" {
 
 NoxStatus noxsSet_64f_Idx(Nox64f val, Nox64f* pDst, int dstIdx, int len) {
-  if (len >= 1) plain_noxsSet_64f(val, at(pDst, dstIdx), len);
+  if (len < 1) return noxStsNoErr;
+  Nox64f* const d = at(pDst, dstIdx);
+  *d = val;  // no pointer is tested here: a null one faults, where the primitive would quietly refuse it
+  if (len > 1) plain_noxsSet_64f(val, d + 1, len - 1);
   return noxStsNoErr;
 }
 

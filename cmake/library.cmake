@@ -1,6 +1,7 @@
 # The shared library: generated files, the sources compiled once, and the five builds of the bodies.
 
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
+include(GNUInstallDirs)
 
 # ---- what follows from the declarations
 set(NOX_GENERATED ${PROJECT_BINARY_DIR}/generated)
@@ -72,7 +73,7 @@ set_source_files_properties(${NOX_GENERATED}/index_forms.cpp ${PROJECT_SOURCE_DI
                             PROPERTIES COMPILE_OPTIONS -mpreferred-stack-boundary=2)
 target_include_directories(nox INTERFACE
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<BUILD_INTERFACE:${NOX_GENERATED}/include>
-  $<INSTALL_INTERFACE:include>)
+  $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 set_target_properties(nox PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
                       LINK_DEPENDS ${NOX_GENERATED}/exports.map)
 target_link_options(nox PRIVATE -Wl,--version-script=${NOX_GENERATED}/exports.map -Wl,-Bsymbolic-functions)

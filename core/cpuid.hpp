@@ -19,7 +19,15 @@ inline CpuidWords cpuid(Nox32u leaf, Nox32u subleaf = 0) {
 // CPUID exists where bit 21 of the flags register can be toggled; every x86-64 processor has it.
 inline bool has_cpuid() {
 #ifdef __i386__
-  return __get_cpuid_max(0, nullptr) != 0;
+  Nox32u before, after;
+  asm volatile(
+      "pushfl\n\tpopl %0\n\tmovl %0, %1\n\txorl $0x200000, %1\n\t"
+      "pushl %1\n\tpopfl\n\tpushfl\n\tpopl %1\n\t"
+      "pushl %0\n\tpopfl"
+      : "=&r"(before), "=&r"(after)
+      :
+      : "cc");
+  return ((before ^ after) & 0x200000) != 0;
 #else
   return true;
 #endif

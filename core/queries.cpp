@@ -1,67 +1,28 @@
 // Processor queries and thread settings; none depends on the build in force.
 #include <time.h>
 
+#include "core/cache_size.hpp"
 #include "core/cpuid.hpp"
 #include "core/frame.hpp"
 
 namespace nox {
 namespace {
 
-// Descriptors of the old cache query with their sizes in bytes, largest first.
-struct CacheDescriptor {
-  Nox8u code;
-  int size;
-};
-constexpr CacheDescriptor kCacheDescriptors[] = {
-    {0xEC, 25165824}, {0xEB, 18874368}, {0x4D, 16777216}, {0xEA, 12582912}, {0x4C, 12582912}, {0xE4, 8388608},
-    {0xDE, 8388608},  {0x4B, 8388608},  {0x47, 8388608},  {0x4E, 6291456},  {0x4A, 6291456},  {0xE3, 4194304},
-    {0xDD, 4194304},  {0xD8, 4194304},  {0x49, 4194304},  {0x29, 4194304},  {0x46, 4194304},  {0x48, 3145728},
-    {0xE2, 2097152},  {0xDC, 2097152},  {0xD7, 2097152},  {0xD2, 2097152},  {0x25, 2097152},  {0x7D, 2097152},
-    {0x85, 2097152},  {0x45, 2097152},  {0xD6, 1048576},  {0xD1, 1048576},  {0x23, 1048576},  {0x87, 1048576},
-    {0x7C, 1048576},  {0x78, 1048576},  {0x84, 1048576},  {0x44, 1048576},  {0xD0, 524288},   {0x22, 524288},
-    {0x7B, 524288},   {0x80, 524288},   {0x86, 524288},   {0x3E, 524288},   {0x7F, 524288},   {0x83, 524288},
-    {0x43, 524288},   {0x3D, 393216},   {0x21, 262144},   {0x7A, 262144},   {0x82, 262144},   {0x3C, 262144},
-    {0x3F, 262144},   {0x42, 262144},   {0x3A, 196608},   {0x79, 131072},   {0x39, 131072},   {0x3B, 131072},
-    {0x41, 131072},
-};
-
 constexpr NoxStatus kNotAsked = 1;
 int32_t cached_size = -1;
 NoxStatus cached_status = kNotAsked;
 
-int largest_of_leaf4() {
-  int largest = 0;
-  for (Nox32u subleaf = 0; subleaf < 32; ++subleaf) {
-    const CpuidWords w = cpuid(4, subleaf);
-    const Nox32u type = w.a & 31;
-    if (type == 0) break;
-    if (type == 2) continue;  // instructions
-    const Nox32u ways = (w.b >> 22) + 1, partitions = (w.b >> 12 & 1023) + 1, line = (w.b & 4095) + 1;
-    const int size = static_cast<int>(ways * partitions * line * (w.c + 1));
-    if (size > largest) largest = size;
-  }
-  return largest;
-}
-
-int largest_of_leaf2() {
-  const CpuidWords w = cpuid(2);
-  if ((w.a & 255) != 1) return static_cast<int>(w.a);
-  const Nox32u words[4] = {w.a & ~255u, w.b, w.c, w.d};  // the low byte of the first is a count
-  for (const CacheDescriptor& row : kCacheDescriptors)
-    for (Nox32u word : words)
-      if (!(word >> 31))
-        for (int shift = 0; shift < 32; shift += 8)
-          if ((word >> shift & 255) == row.code) return row.size;
-  return 0;
-}
-
+// Writes the size and returns noxStsNoErr, or writes what stands for its failure.
 NoxStatus ask_cache_size(int32_t& size) {
+  size = -1;
   if (!has_cpuid() || !genuine_intel()) return noxStsNotSupportedCpu;
   const Nox32u highest = cpuid(0).a;
   if (highest < 2) return noxStsNotSupportedCpu;
-  const int found = highest >= 4 ? largest_of_leaf4() : largest_of_leaf2();
-  size = found > 0 ? found : 0;
-  return found > 0 ? noxStsNoErr : noxStsUnknownCacheSize;
+  const bool found = highest >= 4 ? largest_cache([](Nox32u subleaf) { return cpuid(4, subleaf); }, size)
+                                  : largest_cache_of_descriptors(cpuid(2), size);
+  if (found) return noxStsNoErr;
+  size = 0;
+  return noxStsUnknownCacheSize;
 }
 
 Nox64u clocks() { return __builtin_ia32_rdtsc(); }
@@ -100,14 +61,15 @@ NoxStatus noxGetCpuFreqMhz(int* pMhz) {
 
 NoxStatus noxGetMaxCacheSizeB(int* pSizeByte) {
   if (!pSizeByte) return noxStsNullPtrErr;
-  if (nox::cached_status == nox::kNotAsked) {
-    int32_t size = -1;
-    const NoxStatus status = nox::ask_cache_size(size);
-    nox::cached_size = size;
-    __atomic_store_n(&nox::cached_status, status, __ATOMIC_RELEASE);
+  NoxStatus status = __atomic_load_n(&nox::cached_status, __ATOMIC_ACQUIRE);
+  if (status == nox::kNotAsked) {
+    int32_t size;
+    status = nox::ask_cache_size(size);
+    __atomic_store_n(&nox::cached_size, size, __ATOMIC_RELAXED);
+    __atomic_store_n(&nox::cached_status, status, __ATOMIC_RELEASE);  // last: a set status vouches for the size
   }
-  *pSizeByte = nox::cached_size;
-  return nox::cached_status;
+  *pSizeByte = __atomic_load_n(&nox::cached_size, __ATOMIC_RELAXED);
+  return status;
 }
 
 int noxGetNumCoresOnDie(void) {

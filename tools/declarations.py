@@ -55,18 +55,23 @@ def parse_parameters(text):
         item = item.removeprefix("NOX_NULLABLE ")
         constant = item.startswith("const ")
         item = item.removeprefix("const ")
-        m = re.fullmatch(r"([\w ]+?)(\**) ?(\w+)(\[\])?", item)
+        m = re.fullmatch(r"([\w ]+?)(\*+ ?| )(\w+)(\[\])?", item)
         if not m:
             raise SystemExit(f"can't read the parameter '{item}'")
-        out.append(Parameter(m[1].strip() + m[2], m[3], bool(m[4]), constant, nullable))
+        out.append(Parameter(m[1].strip() + m[2].strip(), m[3], bool(m[4]), constant, nullable))
     return out
 
 
 def parse(text, header, macro):
     briefs = {m.end(): m[1] for m in re.finditer(r"/\*\*\s*\*?\s*(?:@brief )?(.*?)(?:\n.*?)?\*/\s*", text, re.S)}
-    for m in re.finditer(macro + r"\(([^()]+)\)\s+(\w+)\(([^()]*)\);", text):
-        if header:
-            yield Function(m[2], m[1], parse_parameters(m[3]), header, brief=briefs.get(m.start(), ""))
+    found = list(re.finditer(macro + r"\(([^()]+)\)\s+(\w+)\(([^()]*)\);", text))
+    # A declaration that the pattern doesn't match must not vanish without a word: every use of the macro counts.
+    code = re.sub(r"/\*.*?\*/|^[ \t]*#.*?(?<!\\)$", lambda m: re.sub(r"[^\n]", " ", m[0]), text, flags=re.S | re.M)
+    for m in re.finditer(rf"\b{macro}\b[^;]*", code):
+        if m.start() not in {f.start() for f in found}:
+            raise SystemExit(f"{header}: can't read the declaration '{' '.join(m[0].split())}'")
+    for m in found:
+        yield Function(m[2], m[1], parse_parameters(m[3]), header, brief=briefs.get(m.start(), ""))
 
 
 def read_headers(include, internal):

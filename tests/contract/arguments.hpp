@@ -1,0 +1,137 @@
+// Arguments for any function of the library, made from its declaration.
+//
+// Every array and pointer gets memory of its own filled with a pattern, every value something harmless; a test then
+// changes what it is about and calls through the probe.
+#pragma once
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "kit/call.hpp"
+#include "kit/declarations.hpp"
+#include "kit/guarded.hpp"
+#include "kit/random.hpp"
+
+namespace contract {
+
+using kit::Declaration;
+using kit::Kind;
+using kit::Type;
+
+constexpr size_t kBytes = 1024;  // of each array
+constexpr size_t kPattern = 0x5A;
+constexpr int kGoodLength = 29;
+
+inline bool is_length(const std::string& name) { return name == "len" || name == "numIters" || name == "tapsLen"; }
+// 0 is a good bit offset, a negative one isn't.
+inline bool is_bit_offset(const std::string& name) { return name == "srcBitOffset" || name == "dstBitOffset"; }
+
+// The element index that belongs to the array in front of it.
+inline bool is_index(const Declaration& d, size_t i) {
+  return d.is_index_form() && i > 0 && d.parameters[i - 1].kind == Kind::Array;
+}
+
+class Arguments {
+ public:
+  explicit Arguments(const Declaration& d) : declaration_(d) {
+    for (size_t i = 0; i < d.parameters.size(); ++i) {
+      const kit::Parameter& p = d.parameters[i];
+      values_.emplace_back(p.kind == Kind::Value ? (kit::size_of(p.type) + 3) / 4 : 1);
+      memory_.emplace_back(p.kind == Kind::Value ? 0 : kBytes);
+      if (p.kind != Kind::Value) {
+        memory_[i].fill_with(kPattern);
+        set_pointer(i, memory_[i].data());
+      } else if (is_length(p.name)) {
+        set(i, kGoodLength);
+      } else if (p.type == Type::Nox64f) {
+        set(i, 0.75);
+      } else if (p.type == Type::Nox64fc) {
+        set(i, Nox64fc{0.75, -0.5});
+      } else if (p.type == Type::Nox32f) {
+        set(i, 0.75f);
+      } else {
+        values_[i][0] = is_index(d, i) ? 0 : 1;
+      }
+    }
+  }
+
+  template <class T>
+  void set(size_t i, const T& value) {
+    std::memcpy(values_[i].data(), &value, sizeof value);
+  }
+  void set_pointer(size_t i, const void* p) { set(i, p); }
+  uint8_t* memory(size_t i) { return memory_[i].data(); }
+
+  kit::ProbeResult call(const void* fn) const {
+    std::vector<uint32_t> words;
+    for (const std::vector<uint32_t>& v : values_) words.insert(words.end(), v.begin(), v.end());
+    const kit::Returns returns = declaration_.result == Type::Void     ? kit::Returns::Nothing
+                                 : declaration_.result == Type::Nox64f ? kit::Returns::Real
+                                                                       : kit::Returns::Integer;
+    return kit::probe(fn, words.data(), words.size(), returns);
+  }
+  int status(const void* fn) const { return static_cast<int>(call(fn).integer); }
+
+  // Name of an array whose pattern was changed, empty if there is none.
+  std::string written() const {
+    for (size_t i = 0; i < memory_.size(); ++i)
+      for (const uint8_t b : memory_[i])
+        if (b != kPattern) return declaration_.parameters[i].name;
+    return "";
+  }
+  // Values that no element type and no index into the arrays can stumble over.
+  void fill(kit::Random& random) {
+    for (size_t i = 0; i < memory_.size(); ++i) fill_memory(memory_[i], declaration_.parameters[i].type, random);
+  }
+  std::vector<std::vector<uint8_t>> contents() const {
+    std::vector<std::vector<uint8_t>> out;
+    for (const auto& m : memory_) out.push_back(m.values());
+    return out;
+  }
+  void restore(const std::vector<std::vector<uint8_t>>& contents) {
+    for (size_t i = 0; i < memory_.size(); ++i) memory_[i].fill(contents[i]);
+  }
+
+ private:
+  template <class T>
+  static void fill_as(kit::Guarded<uint8_t>& memory, kit::Random& random) {
+    for (size_t at = 0; at + sizeof(T) <= memory.size(); at += sizeof(T)) {
+      T v;
+      if constexpr (std::is_floating_point_v<T>)
+        v = static_cast<T>(random.uniform(0.5, 2));
+      else
+        v = static_cast<T>(random.integer(1, sizeof(T) == 1 ? 127 : 7));
+      std::memcpy(memory.data() + at, &v, sizeof v);
+    }
+  }
+  static void fill_memory(kit::Guarded<uint8_t>& memory, Type type, kit::Random& random) {
+    switch (type) {
+      case Type::Nox64f:
+      case Type::Nox64fc:
+        return fill_as<double>(memory, random);
+      case Type::Nox32f:
+      case Type::Nox32fc:
+        return fill_as<float>(memory, random);
+      case Type::Nox64u:
+      case Type::Nox64s:
+      case Type::Nox64sc:
+        return fill_as<Nox64s>(memory, random);
+      case Type::Nox8u:
+      case Type::Nox8s:
+        return fill_as<Nox8u>(memory, random);
+      case Type::Nox16u:
+      case Type::Nox16s:
+      case Type::Nox16f:
+      case Type::Nox16sc:
+        return fill_as<Nox16s>(memory, random);
+      default:
+        return fill_as<Nox32s>(memory, random);
+    }
+  }
+
+  const Declaration& declaration_;
+  std::vector<std::vector<uint32_t>> values_;  // words of each argument
+  std::vector<kit::Guarded<uint8_t>> memory_;
+};
+
+}  // namespace contract

@@ -1,0 +1,136 @@
+// The statuses of bad arguments, over every function of the library that returns one.
+//
+// Pointers are tested first and then lengths; the first failure is returned and nothing is written. What a function
+// does otherwise stands in the table of exceptions, with its reason. None of this counts as a run of the primitive.
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "contract/arguments.hpp"
+#include "kit/coverage.hpp"
+#include "kit/variants.hpp"
+
+namespace {
+
+using contract::Arguments;
+using kit::Declaration;
+using kit::Kind;
+using kit::Parameter;
+
+enum Rule : unsigned {
+  kUntested = 1,     // the function looks at no argument
+  kLengthFirst = 2,  // a bad length is seen before a null pointer
+  kOptional = 4,     // the parameter may be null though its declaration doesn't say so
+  kRequired = 8,     // the parameter may not be null though its index form passes null on
+};
+struct Exception {
+  const char* function;
+  unsigned rules;
+  const char* parameter;  // of kOptional and kRequired
+};
+constexpr Exception kExceptions[] = {
+    // A fill of the array layer's kind: a length below 1 is no error, and nothing is tested.
+    {"noxsSet_64f_Idx", kUntested, nullptr},
+    // The sizes follow from the length alone, and a spec is laid out by them.
+    {"noxsFIRSRGetSize", kLengthFirst, nullptr},
+    {"noxsFIRSRInit_64f", kLengthFirst, nullptr},
+    {"noxsFIRSRInit_64fc", kLengthFirst, nullptr},
+    {"noxsFIRSRInit_64f_Idx", kLengthFirst, nullptr},
+    {"noxsFIRSRInit_64fc_Idx", kLengthFirst, nullptr},
+    // These make or open a handle before they look at anything; only a live one will do.
+    {"noxsFIRSRInitAlloc_64f_Idx", kUntested, nullptr},
+    {"noxsFIRSRInitAlloc_64fc_Idx", kUntested, nullptr},
+    {"noxsFIRSR_64f_Idx", kUntested, nullptr},
+    {"noxsFIRSR_64fc_Idx", kUntested, nullptr},
+    {"noxsFIRSR_64f_I_Idx", kUntested, nullptr},
+    {"noxsFIRSR_64fc_I_Idx", kUntested, nullptr},
+    // A null work buffer stays null whatever its index, and is then refused.
+    {"noxsFIROne_64f_Idx", kRequired, "pBuf"},
+    {"noxsFIROne_64fc_Idx", kRequired, "pBuf"},
+    // The raw words of the identification are on demand.
+    {"noxGetCpuFeatures", kOptional, "pCpuidInfoRegs"},
+};
+
+bool has_rule(const Declaration& d, Rule rule, const char* parameter = nullptr) {
+  for (const Exception& e : kExceptions)
+    if (d.name == e.function && e.rules & rule && (!parameter || std::string(parameter) == e.parameter)) return true;
+  return false;
+}
+
+bool is_required(const Declaration& d, const Parameter& p) {
+  if (p.kind == Kind::Value) return false;
+  return p.nullable ? has_rule(d, kRequired, p.name) : !has_rule(d, kOptional, p.name);
+}
+
+class Statuses : public kit::EachVariant {
+ protected:
+  // Calls test(declaration) for every function that returns a status and looks at its arguments.
+  template <class Test>
+  void for_each_function(Test&& test) {
+    const kit::PauseCoverage pause;
+    int tested = 0;
+    for (const Declaration& d : kit::declarations()) {
+      if (!d.address || d.result != kit::Type::NoxStatus || has_rule(d, kUntested)) continue;
+      SCOPED_TRACE(d.name);
+      test(d);
+      ++tested;
+    }
+    EXPECT_GT(tested, 100);
+  }
+  static void expect(const Declaration& d, const Arguments& arguments, int status, const std::string& what) {
+    EXPECT_EQ(arguments.status(d.address), status) << what;
+    EXPECT_EQ(arguments.written(), "") << what << ": was written in spite of the error";
+  }
+};
+
+TEST_P(Statuses, EveryRequiredPointerIsTested) {
+  for_each_function([](const Declaration& d) {
+    for (size_t i = 0; i < d.parameters.size(); ++i) {
+      if (!is_required(d, d.parameters[i])) continue;
+      Arguments arguments(d);
+      arguments.set_pointer(i, nullptr);
+      expect(d, arguments, noxStsNullPtrErr, std::string("null ") + d.parameters[i].name);
+    }
+  });
+}
+
+TEST_P(Statuses, EveryLengthIsTested) {
+  for_each_function([](const Declaration& d) {
+    for (size_t i = 0; i < d.parameters.size(); ++i) {
+      const std::string name = d.parameters[i].name;
+      for (const int bad : {0, -1, INT32_MIN}) {
+        if (!contract::is_length(name) && !(contract::is_bit_offset(name) && bad < 0)) continue;
+        Arguments arguments(d);
+        arguments.set(i, bad);
+        expect(d, arguments, noxStsSizeErr, name + " = " + std::to_string(bad));
+      }
+    }
+  });
+}
+
+TEST_P(Statuses, PointersAreTestedBeforeLengths) {
+  for_each_function([](const Declaration& d) {
+    for (size_t i = 0; i < d.parameters.size(); ++i) {
+      if (!contract::is_length(d.parameters[i].name)) continue;
+      for (size_t k = 0; k < d.parameters.size(); ++k) {
+        if (!is_required(d, d.parameters[k])) continue;
+        Arguments arguments(d);
+        arguments.set(i, -1);
+        arguments.set_pointer(k, nullptr);
+        expect(d, arguments, has_rule(d, kLengthFirst) ? noxStsSizeErr : noxStsNullPtrErr,
+               std::string("negative length, null ") + d.parameters[k].name);
+      }
+    }
+  });
+}
+NOX_EACH_VARIANT(Statuses);
+
+TEST(StatusExceptions, NameFunctionsThatExist) {
+  for (const Exception& e : kExceptions) {
+    const Declaration* d = kit::find_declaration(std::string(e.function));
+    ASSERT_TRUE(d) << e.function;
+    EXPECT_TRUE(!e.parameter || d->find(e.parameter) >= 0) << e.function << ' ' << e.parameter;
+  }
+}
+
+}  // namespace

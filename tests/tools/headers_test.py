@@ -1,0 +1,25 @@
+"""Every public header compiles by itself, without a warning, as C99 and as C++17."""
+from settings import CC, CXX, GENERATED, SOURCE, Scratch
+
+WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Werror", "-fsyntax-only"]
+INCLUDES = [f"-I{SOURCE / 'include'}", f"-I{GENERATED / 'include'}"]
+HEADERS = sorted(p.relative_to(root).as_posix() for root in (SOURCE / "include", GENERATED / "include")
+                 for p in root.rglob("*.h"))
+
+
+class Headers(Scratch):
+    def test_each_alone(self):
+        self.assertIn("nox/index.h", HEADERS)
+        for header in HEADERS:
+            for compiler, standard, name in ((CC, "-std=c99", "one.c"), (CXX, "-std=c++17", "one.cpp")):
+                with self.subTest(header=header, standard=standard):
+                    # Twice, for the include guard.
+                    source = self.write(name, f'#include "{header}"\n#include "{header}"\nint here(void);\n')
+                    self.must(*compiler, standard, *WARNINGS, *INCLUDES, source)
+
+    def test_all_at_once(self):
+        """nox.h leaves nothing out."""
+        text = (SOURCE / "include/nox/nox.h").read_text() + (SOURCE / "include/nox/vector.h").read_text()
+        for header in HEADERS:
+            if header != "nox/nox.h" and header.count("/") == 1:
+                self.assertIn(f'#include "{header}"', text)
