@@ -29,11 +29,17 @@ NoxStatus call(const Operands* o) {
 }
 
 Row real_fir(int taps) {
-  return {"noxsFIRSR_64f", {call<Nox64f, noxsFIRSR_64f>, sizeof(Nox64f), true, false, 1}, kCompute, taps,
+  return {"noxsFIRSR_64f",
+          {call<Nox64f, noxsFIRSR_64f>, sizeof(Nox64f), true, false, 1},
+          kCompute,
+          taps,
           prepare<Nox64f, NOX_TYPE_64F, noxsFIRSRInit_64f>};
 }
 Row complex_fir(int taps) {
-  return {"noxsFIRSR_64fc", {call<Nox64fc, noxsFIRSR_64fc>, sizeof(Nox64fc), true, true, 1}, kCompute, taps,
+  return {"noxsFIRSR_64fc",
+          {call<Nox64fc, noxsFIRSR_64fc>, sizeof(Nox64fc), true, true, 1},
+          kCompute,
+          taps,
           prepare<Nox64fc, NOX_TYPE_64FC, noxsFIRSRInit_64fc>};
 }
 

@@ -24,6 +24,7 @@ constexpr int kBytesL2 = 128 * 1024;
 constexpr int kBlockSizes[] = {64, 256, 1024, 4096, 16384, 65536, kMiB, kLargest};
 constexpr int kBytesToCheck = kBytesL2;
 constexpr int kBytesPastCaches = kMiB;
+constexpr int kRepetitionsPastCaches = 9;  // such a repetition is one or two calls only
 
 // Any doubles, of which kinds keep in-place operations from drifting out of range over a million calls.
 enum Kind { kPlain, kNearOne, kUnitCircle, kOnes, kRealOnes, kKinds };
@@ -116,8 +117,8 @@ void Harness::load_peers(const std::string& module) {
     note(std::string("peers not loaded: ") + dlerror());
     return;
   }
-  for (const char* set : {"gcc", "clang", "eigen", "packed", "gcc_sums", "clang_sums", "gcc_fast", "clang_fast",
-                          "limits", "streams"}) {
+  for (const char* set :
+       {"gcc", "clang", "eigen", "packed", "gcc_sums", "clang_sums", "gcc_fast", "clang_fast", "limits", "streams"}) {
     if (const void* p = dlsym(handle, (std::string("nox_peers_") + set).c_str()))
       peers_.push_back(static_cast<const PeerSet*>(p));
     else
@@ -174,9 +175,12 @@ void Harness::run_at(const Family& family, const Row& row, int len, const Place&
   const Primitive& primitive = row.primitive;
   const int bytes = len * primitive.element;
   Operands o{arrays_[0] + place.a, arrays_[1] + place.b, arrays_[2] + place.d, len, {}, taps_.data(), row.taps};
-  if (!primitive.floating) o.c[0] = 7, o.c[1] = 9;
-  else if (primitive.complex) o.c[0] = 0.6, o.c[1] = 0.8;
-  else o.c[0] = 1 + 1e-9;
+  if (!primitive.floating)
+    o.c[0] = 7, o.c[1] = 9;
+  else if (primitive.complex)
+    o.c[0] = 0.6, o.c[1] = 0.8;
+  else
+    o.c[0] = 1 + 1e-9;
 
   Group group{family.name, row.name, place.name, shape_of(row), len, primitive.element, 0, {}};
   if (row.traits & kCompute) {
@@ -233,20 +237,22 @@ void Harness::run(const Family& family) {
 void Harness::measure(const Group& group) {
   benchmark::ClearRegisteredBenchmarks();
   for (const Participant& p : group.participants) {
-    benchmark::RegisterBenchmark(p.who.c_str(), [&p](benchmark::State& state) {
+    auto* registered = benchmark::RegisterBenchmark(p.who.c_str(), [&p](benchmark::State& state) {
       if (p.call)
         for (auto _ : state) p.call(&p.operands);
       else
         for (auto _ : state) p.loop(&p.operands);
     });
+    if (!quick_ && group.len * group.element >= kBytesPastCaches) registered->Repetitions(kRepetitionsPastCaches);
   }
   Collector collector;
   benchmark::RunSpecifiedBenchmarks(&collector);
   char head[512];
-  snprintf(head, sizeof head,
-           R"({"family": "%s", "name": "%s", "place": "%s", "shape": "%s", "len": %d, "element": %d, "flops": %g, "ns": {)",
-           group.family.c_str(), group.name.c_str(), group.place.c_str(), group.shape.c_str(), group.len, group.element,
-           group.flops);
+  snprintf(
+      head, sizeof head,
+      R"({"family": "%s", "name": "%s", "place": "%s", "shape": "%s", "len": %d, "element": %d, "flops": %g, "ns": {)",
+      group.family.c_str(), group.name.c_str(), group.place.c_str(), group.shape.c_str(), group.len, group.element,
+      group.flops);
   std::string line = head;
   for (const Participant& p : group.participants) {
     if (&p != &group.participants[0]) line += ", ";
@@ -266,7 +272,8 @@ bool Harness::write(const std::string& path) const {
   if (!f) return false;
   unsigned brand[12] = {};
   for (unsigned i = 0; i < 3; ++i)
-    asm("cpuid" : "=a"(brand[4 * i]), "=b"(brand[4 * i + 1]), "=c"(brand[4 * i + 2]), "=d"(brand[4 * i + 3])
+    asm("cpuid"
+        : "=a"(brand[4 * i]), "=b"(brand[4 * i + 1]), "=c"(brand[4 * i + 2]), "=d"(brand[4 * i + 3])
         : "a"(0x80000002u + i), "c"(0));
   fprintf(f, "{\"variant\": \"%s\", \"processor\": \"%.48s\", \"quick\": %s,\n", variant_.c_str(),
           reinterpret_cast<const char*>(brand), quick_ ? "true" : "false");
@@ -276,7 +283,8 @@ bool Harness::write(const std::string& path) const {
   for (size_t i = 0; i < facts_.size(); ++i)
     fprintf(f, "%s\"%s\": %.6g", i ? ", " : "", facts_[i].first.c_str(), facts_[i].second);
   fprintf(f, "},\n \"rows\": [\n");
-  for (size_t i = 0; i < results_.size(); ++i) fprintf(f, "  %s%s\n", results_[i].c_str(), i + 1 < results_.size() ? "," : "");
+  for (size_t i = 0; i < results_.size(); ++i)
+    fprintf(f, "  %s%s\n", results_[i].c_str(), i + 1 < results_.size() ? "," : "");
   fprintf(f, "]}\n");
   return f == stdout ? fflush(f) == 0 : fclose(f) == 0;
 }

@@ -37,8 +37,8 @@ Family filter_family();
 
 struct Participant {
   std::string who;
-  Loop loop = nullptr;                             // either a peer's loop
-  NoxStatus (*call)(const Operands*) = nullptr;    // or the library
+  Loop loop = nullptr;                           // either a peer's loop
+  NoxStatus (*call)(const Operands*) = nullptr;  // or the library
   Operands operands{};
 };
 

@@ -41,12 +41,18 @@ int main(int argc, char** argv) {
   std::vector<char*> rest = {argv[0]};
   for (int i = 1; i < argc; ++i) {
     const std::string flag = argv[i];
-    if (flag == "--quick") quick = true;
-    else if (flag == "--variant" && i + 1 < argc) variant = argv[++i];
-    else if (flag == "--out" && i + 1 < argc) out = argv[++i];
-    else if (flag == "--family" && i + 1 < argc) family = argv[++i];
-    else if (flag == "--only" && i + 1 < argc) only = argv[++i];
-    else rest.push_back(argv[i]);
+    if (flag == "--quick")
+      quick = true;
+    else if (flag == "--variant" && i + 1 < argc)
+      variant = argv[++i];
+    else if (flag == "--out" && i + 1 < argc)
+      out = argv[++i];
+    else if (flag == "--family" && i + 1 < argc)
+      family = argv[++i];
+    else if (flag == "--only" && i + 1 < argc)
+      only = argv[++i];
+    else
+      rest.push_back(argv[i]);
   }
   // Ours come first, so that flags given by the user win.
   std::string repetitions = quick ? "--benchmark_repetitions=3" : "--benchmark_repetitions=5";

@@ -10,10 +10,10 @@
 
 struct Primitive {
   NoxStatus (*call)(const Operands*);
-  int element;     // bytes
-  bool floating;   // of doubles: results are compared by a tolerance, not bit for bit
+  int element;    // bytes
+  bool floating;  // of doubles: results are compared by a tolerance, not bit for bit
   bool complex;
-  int sources;     // arrays read besides the destination
+  int sources;  // arrays read besides the destination
 };
 
 namespace binding {
@@ -28,11 +28,17 @@ T constant(const Operands* o) {
   }
 }
 template <class T>
-const T* a(const Operands* o) { return static_cast<const T*>(o->a); }
+const T* a(const Operands* o) {
+  return static_cast<const T*>(o->a);
+}
 template <class T>
-const T* b(const Operands* o) { return static_cast<const T*>(o->b); }
+const T* b(const Operands* o) {
+  return static_cast<const T*>(o->b);
+}
 template <class T>
-T* d(const Operands* o) { return static_cast<T*>(o->d); }
+T* d(const Operands* o) {
+  return static_cast<T*>(o->d);
+}
 
 template <class Function, Function F>
 struct Bind;
@@ -85,4 +91,4 @@ constexpr Primitive primitive() {
 }
 
 // A macro because a template can't see the name of its argument.
-#define PRIMITIVE(name) #name, primitive<&name>()
+#define PRIMITIVE(name) #name, primitive < &name>()

@@ -49,10 +49,12 @@ inline void sweep(int len, Vector vector, One one) {
 }
 
 PEER_OUT_OF_LINE void divide(const double* a, const double* b, double* d, int len) {
-  sweep(len, [=](int i) { store(d + i, load(b + i) / load(a + i)); }, [=](int i) { d[i] = b[i] / a[i]; });
+  sweep(
+      len, [=](int i) { store(d + i, load(b + i) / load(a + i)); }, [=](int i) { d[i] = b[i] / a[i]; });
 }
 PEER_OUT_OF_LINE void square_root(const double* a, double* d, int len) {
-  sweep(len, [=](int i) { store(d + i, root(load(a + i))); }, [=](int i) { d[i] = __builtin_sqrt(a[i]); });
+  sweep(
+      len, [=](int i) { store(d + i, root(load(a + i))); }, [=](int i) { d[i] = __builtin_sqrt(a[i]); });
 }
 void div_64f(const Operands* o) { divide(in<real>(o->a), in<real>(o->b), out<real>(o), o->len); }
 void div_64f_in_place(const Operands* o) { divide(in<real>(o->a), out<real>(o), out<real>(o), o->len); }
@@ -87,27 +89,25 @@ constexpr int kPeakFlops = kChains * kLanes * 2;
 #else
 constexpr int kPeakFlops = kChains * kLanes;
 #endif
-PEER_OUT_OF_LINE void peak_loop(double* d, int rounds) {
-  Lanes x[kChains] = {};
-  const Lanes tenth = Lanes{} + 0.1;
-  for (; rounds > 0; --rounds) {
+// In assembly throughout: the compiler would keep an array of chains in memory.
 #ifdef __FMA__
-    for (auto& v : x) asm volatile("vfmadd213pd %1, %0, %0" : "+x"(v) : "m"(tenth));
+#define PEAK_EVEN(n) "vfmadd213pd %8, %" #n ", %" #n "\n\t"
+#define PEAK_ODD(n) PEAK_EVEN(n)
 #elif defined(__AVX__)
-    for (int k = 0; k < kChains; k += 2) {
-      asm volatile("vmulpd %1, %0, %0" : "+x"(x[k]) : "m"(tenth));
-      asm volatile("vaddpd %1, %0, %0" : "+x"(x[k + 1]) : "m"(tenth));
-    }
+#define PEAK_EVEN(n) "vmulpd %8, %" #n ", %" #n "\n\t"
+#define PEAK_ODD(n) "vaddpd %8, %" #n ", %" #n "\n\t"
 #else
-    for (int k = 0; k < kChains; k += 2) {
-      asm volatile("mulpd %1, %0" : "+x"(x[k]) : "m"(tenth));
-      asm volatile("addpd %1, %0" : "+x"(x[k + 1]) : "m"(tenth));
-    }
+#define PEAK_EVEN(n) "mulpd %8, %" #n "\n\t"
+#define PEAK_ODD(n) "addpd %8, %" #n "\n\t"
 #endif
-  }
-  Lanes sum = {};
-  for (auto& v : x) sum += v;
-  store(d, sum);
+PEER_OUT_OF_LINE void peak_loop(double* d, int rounds) {
+  const Lanes tenth = Lanes{} + 0.1;
+  Lanes x0 = tenth, x1 = tenth, x2 = tenth, x3 = tenth, x4 = tenth, x5 = tenth, x6 = tenth, x7 = tenth;
+  for (; rounds > 0; --rounds)
+    asm volatile(PEAK_EVEN(0) PEAK_ODD(1) PEAK_EVEN(2) PEAK_ODD(3) PEAK_EVEN(4) PEAK_ODD(5) PEAK_EVEN(6) PEAK_ODD(7)
+                 : "+x"(x0), "+x"(x1), "+x"(x2), "+x"(x3), "+x"(x4), "+x"(x5), "+x"(x6), "+x"(x7)
+                 : "m"(tenth));
+  store(d, x0 + x1 + x2 + x3 + x4 + x5 + x6 + x7);
 }
 // o->len floating operations, in thousands.
 void peak(const Operands* o) {
@@ -130,12 +130,8 @@ const NamedLoop kLimits[] = {
     {"flops", peak},
 };
 const NamedLoop kStreams[] = {
-    {"fill", traffic<0, false, true>},
-    {"copy", traffic<1, false, true>},
-    {"sum", traffic<2, false, true>},
-    {"update", traffic<0, true, true>},
-    {"update from", traffic<1, true, true>},
-    {"accumulate", traffic<2, true, true>},
+    {"fill", traffic<0, false, true>},  {"copy", traffic<1, false, true>},       {"sum", traffic<2, false, true>},
+    {"update", traffic<0, true, true>}, {"update from", traffic<1, true, true>}, {"accumulate", traffic<2, true, true>},
 };
 
 }  // namespace

@@ -6,15 +6,23 @@
 namespace {
 
 template <unsigned Element>
-void copy(const Operands* o) { memcpy(o->d, o->a, static_cast<unsigned>(o->len) * Element); }
+void copy(const Operands* o) {
+  memcpy(o->d, o->a, static_cast<unsigned>(o->len) * Element);
+}
 template <unsigned Element>
-void move(const Operands* o) { memmove(o->d, o->a, static_cast<unsigned>(o->len) * Element); }
+void move(const Operands* o) {
+  memmove(o->d, o->a, static_cast<unsigned>(o->len) * Element);
+}
 template <unsigned Element>
-void zero(const Operands* o) { memset(o->d, 0, static_cast<unsigned>(o->len) * Element); }
+void zero(const Operands* o) {
+  memset(o->d, 0, static_cast<unsigned>(o->len) * Element);
+}
 void set(const Operands* o) { memset(o->d, static_cast<int>(o->c[0]), static_cast<unsigned>(o->len)); }
 // memset writes one byte over and over: for wider values it is the speed to reach, not the same result.
 template <unsigned Element>
-void same_bytes(const Operands* o) { memset(o->d, 1, static_cast<unsigned>(o->len) * Element); }
+void same_bytes(const Operands* o) {
+  memset(o->d, 1, static_cast<unsigned>(o->len) * Element);
+}
 
 const NamedLoop kLoops[] = {
     {"noxsCopy_8u", copy<1>},    {"noxsMove_8u", move<1>},    {"noxsCopy_16s", copy<2>},   {"noxsMove_16s", move<2>},
@@ -27,7 +35,7 @@ const NamedLoop kLoops[] = {
     {"noxsSet_8u", set},
 };
 const NamedLoop kMemset[] = {
-    {"noxsSet_16s", same_bytes<2>},  {"noxsSet_32s", same_bytes<4>},  {"noxsSet_32sc", same_bytes<8>},
+    {"noxsSet_16s", same_bytes<2>}, {"noxsSet_32s", same_bytes<4>},   {"noxsSet_32sc", same_bytes<8>},
     {"noxsSet_64f", same_bytes<8>}, {"noxsSet_64fc", same_bytes<16>},
 };
 

@@ -7,7 +7,9 @@ namespace {
 
 struct Keep {
   template <class T>
-  static T of(T a) { return a; }
+  static T of(T a) {
+    return a;
+  }
 };
 struct Add {
   static real of(real a, real b) { return a + b; }
@@ -39,10 +41,6 @@ struct Divide {  // second by first
     const real m = a.re * a.re + a.im * a.im;
     return {(b.re * a.re + b.im * a.im) / m, (b.im * a.re - b.re * a.im) / m};
   }
-};
-struct DivideBy {  // by a constant: compilers hoist what they may
-  static real of(real a, real c) { return a / c; }
-  static complex of(complex a, complex c) { return Divide::of(c, a); }
 };
 struct SquareRoot {
   static real of(real a) { return __builtin_sqrt(a); }
@@ -98,10 +96,10 @@ const NamedLoop kLoops[] = {
     {"noxsMulC_64fc", Shape<complex, Multiply>::with},
     {"noxsMulC_64f_I", Shape<real, Multiply>::with_in_place},
     {"noxsMulC_64fc_I", Shape<complex, Multiply>::with_in_place},
-    {"noxsDivC_64f", Shape<real, DivideBy>::with},
-    {"noxsDivC_64fc", Shape<complex, DivideBy>::with},
-    {"noxsDivC_64f_I", Shape<real, DivideBy>::with_in_place},
-    {"noxsDivC_64fc_I", Shape<complex, DivideBy>::with_in_place},
+    {"noxsDivC_64f", Shape<real, Multiply>::with_reciprocal},
+    {"noxsDivC_64fc", Shape<complex, Multiply>::with_reciprocal},
+    {"noxsDivC_64f_I", Shape<real, Multiply>::with_reciprocal_in_place},
+    {"noxsDivC_64fc_I", Shape<complex, Multiply>::with_reciprocal_in_place},
 
     {"noxsDiv_64f", Shape<real, Divide>::zip},
     {"noxsDiv_64fc", Shape<complex, Divide>::zip},

@@ -33,6 +33,6 @@ struct PeerSet {
 #define NOX_PEER_TEXT(a) NOX_PEER_TEXT2(a)
 
 // The one exported name of an object of peers; PEER comes from the build.
-#define NOX_PEER_SET(who, loops) \
+#define NOX_PEER_SET(who, loops)                                                                       \
   extern "C" __attribute__((visibility("default"))) const PeerSet NOX_PEER_PASTE(nox_peers_, PEER) = { \
       who, loops, static_cast<int>(sizeof(loops) / sizeof(loops[0]))}

@@ -27,9 +27,25 @@ struct Constant<Pair<T>> {
 };
 
 template <class T>
-const T* in(const void* p) { return static_cast<const T*>(p); }
+struct Reciprocal {
+  static T of(T c) { return 1 / c; }
+};
 template <class T>
-T* out(const Operands* o) { return static_cast<T*>(o->d); }
+struct Reciprocal<Pair<T>> {
+  static Pair<T> of(Pair<T> c) {
+    const T m = c.re * c.re + c.im * c.im;
+    return {c.re / m, -c.im / m};
+  }
+};
+
+template <class T>
+const T* in(const void* p) {
+  return static_cast<const T*>(p);
+}
+template <class T>
+T* out(const Operands* o) {
+  return static_cast<T*>(o->d);
+}
 
 template <class T, class F>
 struct Shape {
@@ -63,6 +79,13 @@ struct Shape {
     for (int i = 0; i < len; ++i) d[i] = F::of(d[i], c);
   }
   static void with_in_place(const Operands* o) { with_in_place_loop(Constant<T>::of(o), out<T>(o), o->len); }
+  // d = f(a, 1 / c) and d = f(d, 1 / c), by the reciprocal as the library does it
+  static void with_reciprocal(const Operands* o) {
+    with_loop(in<T>(o->a), Reciprocal<T>::of(Constant<T>::of(o)), out<T>(o), o->len);
+  }
+  static void with_reciprocal_in_place(const Operands* o) {
+    with_in_place_loop(Reciprocal<T>::of(Constant<T>::of(o)), out<T>(o), o->len);
+  }
   // d = f(a, b, d)
   PEER_OUT_OF_LINE static void accumulate_loop(const T* __restrict a, const T* __restrict b, T* __restrict d, int len) {
     for (int i = 0; i < len; ++i) d[i] = F::of(a[i], b[i], d[i]);
