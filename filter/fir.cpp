@@ -7,7 +7,6 @@
 
 #include "core/body.hpp"
 #include "filter/block.hpp"
-#include "filter/fir_kernels.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
@@ -29,6 +28,13 @@ Nox64u element_bytes(int type) {
   }
 }
 
+// The wide taps, behind the reversed ones.
+template <class E>
+NOX_INLINE Nox64f* wide_taps(const E* reversed, int tapsLen) {
+  const FirLayout layout(static_cast<Nox64u>(tapsLen), sizeof(E));
+  return reinterpret_cast<Nox64f*>(reinterpret_cast<uintptr_t>(reversed) + static_cast<size_t>(layout.taps));
+}
+
 template <class K, class E = typename K::elem>
 NOX_INLINE NoxStatus fir_init(const E* taps, int tapsLen, int algType, NoxFirSpec* memory) {
   if (tapsLen < 1) return noxStsSizeErr;
@@ -37,6 +43,11 @@ NOX_INLINE NoxStatus fir_init(const E* taps, int tapsLen, int algType, NoxFirSpe
   char* const record = first_boundary(reinterpret_cast<char*>(memory));
   E* const reversed = reinterpret_cast<E*>(record + kFirAlign);
   copy_reversed<K>(reversed, taps, tapsLen);
+  if constexpr (kFirWideTaps<E>) {
+    Nox64f* const wide = wide_taps(reversed, tapsLen);
+    for (size_t j = 0; j < static_cast<size_t>(tapsLen); ++j)
+      f64::vec::all(reversed[j].im).store(wide + j * kFirWideLanes);
+  }
   *reinterpret_cast<FirSpec*>(record) = {tapsLen, reversed, algType, nullptr, nullptr, nullptr, nullptr, 0};
   return noxStsNoErr;
 }
@@ -45,17 +56,18 @@ NOX_INLINE NoxStatus fir_init(const E* taps, int tapsLen, int algType, NoxFirSpe
 template <class K>
 struct Fir {
   using E = typename K::elem;
-  int tapsLen, delayLen;
-  const E* taps;
+  int delayLen;
+  FirTaps<E> taps;
   E* sequence;  // delayLen delay elements, then at most delayLen samples
   E* delay;     // delayLen elements kept between chunks
   E* staging;   // outputs of one chunk
 
   NOX_INLINE Fir(const NoxFirSpec* memory, Nox8u* work) {
     const FirSpec* const spec = reinterpret_cast<const FirSpec*>(first_boundary(memory));
-    tapsLen = spec->tapsLen;
+    const int tapsLen = spec->tapsLen;
+    const E* const reversed = static_cast<const E*>(spec->pTapsRev);
     delayLen = tapsLen - 1;
-    taps = static_cast<const E*>(spec->pTapsRev);
+    taps = {reversed, reversed + tapsLen, wide_taps(reversed, tapsLen)};
     const FirLayout layout(static_cast<Nox64u>(tapsLen), sizeof(E));
     sequence = reinterpret_cast<E*>(work);
     delay = reinterpret_cast<E*>(work + static_cast<size_t>(layout.sequence));
@@ -85,11 +97,11 @@ struct Fir {
   }
 
   // One copy of the kernels for both places they are called from.
-  __attribute__((noinline)) static void sums(const E* s, E* d, size_t n, const E* taps, size_t tapsLen) {
-    fir_outputs<K>(s, d, n, taps, tapsLen);
+  __attribute__((noinline)) static void sums(const E* s, E* d, size_t n, const FirTaps<E>& taps) {
+    fir_outputs<K>(s, d, n, taps);
   }
   NOX_INLINE void run(const E* s, E* d, size_t n) const {
-    if (n) sums(s, d, n, taps, static_cast<size_t>(tapsLen));
+    if (n) sums(s, d, n, taps);
   }
 
   // Destination apart from the sources.

@@ -1,10 +1,10 @@
 // The single-rate FIR filter's record, and the places of everything in the caller's two pieces of memory.
 //
-// Spec memory, from its first 64-byte boundary: the record, and 64 bytes on the reversed taps. Work memory, from its
-// own address, whatever that is: the joined sequence (delay line, then first samples), the delay line kept between
-// chunks with its successor, and 32768 bytes for the outputs of one chunk.
+// Spec memory, from its first 64-byte boundary: the record, 64 bytes on the reversed taps, behind them the wide taps of
+// the builds that use them. Work memory, from its own address, whatever that is: the joined sequence (delay line, then
+// first samples), room for two delay lines kept between chunks, and 32768 bytes for the outputs of one chunk.
 #pragma once
-#include "core/variant.hpp"
+#include "filter/fir_kernels.hpp"
 #include "nox/filter.h"
 
 namespace nox {
@@ -39,13 +39,16 @@ NOX_INLINE T* first_boundary(T* p) {
 // Bytes of the parts, for taps of `element` bytes each.
 struct FirLayout {
   Nox64u taps;      // reversed taps
+  Nox64u wide;      // imaginary parts of complex taps, each in all lanes of a vector
   Nox64u sequence;  // room for a delay line and as many samples
-  Nox64u delay;     // the delay line kept between chunks and its successor
+  Nox64u delay;     // two delay lines; the direct sum keeps one between chunks and leaves the second alone
   constexpr FirLayout(Nox64u tapsLen, Nox64u element)
       : taps(round64(element * tapsLen)),
+        wide(element == sizeof(Nox64fc) && kFirWideTaps<Nox64fc> ? round64(kFirWideLanes * sizeof(Nox64f) * tapsLen)
+                                                                 : 0),
         sequence(round64(2 * element * tapsLen)),
         delay(round64(2 * element * (tapsLen - 1))) {}
-  constexpr Nox64u spec_bytes() const { return (kFirAlign - 1) + kFirAlign + taps; }
+  constexpr Nox64u spec_bytes() const { return (kFirAlign - 1) + kFirAlign + taps + wide; }
   constexpr Nox64u work_bytes() const { return sequence + delay + kFirStaging; }
 };
 

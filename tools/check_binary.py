@@ -72,7 +72,7 @@ class Library:
         return {int(a, 16): (" ".join(text.split()), end) for (a, text), end in zip(found, following)}
 
 
-def kind_faults(lib):
+def kind_faults(lib, text_relocations):
     for key, value in HEADER.items():
         if lib.header.get(key) != value:
             yield f"{key} is {lib.header.get(key)}, not {value}"
@@ -85,6 +85,8 @@ def kind_faults(lib):
     for kind, _, _, flags in lib.segments:
         if kind == "GNU_STACK" and "E" in flags:
             yield "asks for an executable stack"
+    if not text_relocations and "TEXTREL" in lib.dynamic:
+        yield "has relocations in its code"
 
 
 def export_faults(lib, wanted):
@@ -174,7 +176,8 @@ def main():
     lib = Library(options.library)
     wanted = set(re.findall(r"^ +(\w+);$", options.exports.read_text(), re.M))
     objects = [tuple(line.split(maxsplit=1)) for line in options.objects.read_text().splitlines() if line]
-    checks = {"kind": kind_faults(lib), "exports": export_faults(lib, wanted), "objects": object_faults(objects)}
+    checks = {"kind": kind_faults(lib, not options.no_text_relocations), "exports": export_faults(lib, wanted),
+              "objects": object_faults(objects)}
     if options.no_text_relocations:
         print("note: built without text relocations; stubs and rows are not checked")
     else:

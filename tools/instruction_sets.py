@@ -6,11 +6,12 @@ purpose: an older processor runs its bytes as `rep bsf`, with the same result fo
 import re
 
 SETS = {
-    "SSE3": "addsubpd addsubps haddpd haddps hsubpd hsubps lddqu movddup movshdup movsldup fisttp fisttps fisttpl fisttpll",
+    "SSE3": "addsubpd addsubps haddpd haddps hsubpd hsubps lddqu movddup movshdup movsldup "
+            "fisttp fisttps fisttpl fisttpll",
     "SSSE3": "pabsb pabsw pabsd palignr phaddw phaddd phaddsw phsubw phsubd phsubsw pmaddubsw pmulhrsw pshufb "
              "psignb psignw psignd",
-    "SSE4.1": "blendpd blendps blendvpd blendvps dppd dpps extractps insertps movntdqa mpsadbw packusdw pblendvb pblendw "
-              "pcmpeqq pextrb pextrd pinsrb pinsrd phminposuw pmaxsb pmaxsd pmaxud pmaxuw pminsb pminsd pminud pminuw "
+    "SSE4.1": "blendpd blendps blendvpd blendvps dppd dpps extractps insertps movntdqa mpsadbw packusdw pblendvb "
+              "pblendw pcmpeqq pextrb pextrd pinsrb pinsrd phminposuw pmaxsb pmaxsd pmaxud pmaxuw pminsb pminsd pminud pminuw "
               "pmovsxbw pmovsxbd pmovsxbq pmovsxwd pmovsxwq pmovsxdq pmovzxbw pmovzxbd pmovzxbq pmovzxwd pmovzxwq "
               "pmovzxdq pmuldq pmulld ptest roundpd roundps roundsd roundss",
     "SSE4.2": "pcmpestri pcmpestrm pcmpistri pcmpistrm pcmpgtq crc32b crc32w crc32l",

@@ -1,80 +1,103 @@
-// Fill, copy and move: checks, then byte kernels shared by all element types.
+// Fill, copy and move: the checks and the byte counts; the work is done by kernels that know nothing of elements.
+//
+// Counts of bytes wrap at 32 bits, but for copies that divide a long array into pieces. Values pass as bits: not even a
+// signalling NaN is changed.
 #include "core/body.hpp"
-#include "core/drivers.hpp"
+#include "vector/block.hpp"
+#include "vector/block_lanes.hpp"
+#include "vector/block_method.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
 namespace {
-template <class T> NOX_INLINE NoxStatus set(T v, T* d, int len) {
+
+template <class T>
+NOX_INLINE size_t bytes_of(int len) {
+  return static_cast<uint32_t>(len) * static_cast<uint32_t>(sizeof(T));
+}
+
+template <class T>
+NOX_INLINE NoxStatus set(const T& value, T* d, int len) {
   if (const NoxStatus st = check(len, d)) return st;
-  for (int i = 0; i < len; ++i) d[i] = v;
-  return noxStsNoErr;
+  const size_t n = bytes_of<T>(len);
+  if (n > variant.fill_large) return fill_bytes_large(d, n, sizeof(T), pattern_of(value));
+  return fill_bytes(d, n, sizeof(T), pattern_of(value));
 }
-template <class T> NOX_INLINE NoxStatus zero(T* d, int len) {
+
+template <class T>
+NOX_INLINE NoxStatus zero(T* d, int len) {
   if (const NoxStatus st = check(len, d)) return st;
-  __builtin_memset(d, 0, sizeof(T) * size_t(len));
+  const size_t n = bytes_of<T>(len);
+  if (n > (sizeof(T) == 1 ? variant.zero_bytes_large : variant.fill_large)) return zero_bytes_by_string(d, n);
+  return zero_bytes(d, n);
+}
+
+template <size_t Element>
+NOX_KERNEL NoxStatus copy_in_pieces(const void* s, void* d, int len) {
+  const Byte* const from = bytes(s);
+  Byte* const to = bytes(d);
+  in_pieces<Element>(len, [=](size_t done, size_t n) { copy_bytes(to + done * Element, from + done * Element, n); });
   return noxStsNoErr;
 }
-template <class T> NOX_INLINE NoxStatus copy(const T* s, T* d, int len) {
+
+// 32-bit integers are divided in every build, other wide elements where the build says so.
+template <class T>
+NOX_INLINE NoxStatus copy(const T* s, T* d, int len, bool divides = sizeof(T) > 1 && variant.divides_long_copy) {
   if (const NoxStatus st = check(len, s, d)) return st;
-  __builtin_memcpy(d, s, sizeof(T) * size_t(len));
-  return noxStsNoErr;
+  if (divides && needs_division<sizeof(T)>(len)) return copy_in_pieces<sizeof(T)>(s, d, len);
+  return copy_bytes(d, s, bytes_of<T>(len));
 }
-template <class T> NOX_INLINE NoxStatus move(const T* s, T* d, int len) {
+
+template <class T>
+NOX_INLINE NoxStatus move(const T* s, T* d, int len) {
   if (const NoxStatus st = check(len, s, d)) return st;
-  __builtin_memmove(d, s, sizeof(T) * size_t(len));
-  return noxStsNoErr;
+  return move_bytes(d, s, bytes_of<T>(len));
 }
-template <bool Msb> NOX_INLINE NoxStatus bits(const Nox8u* s, int so, Nox8u* d, int dof, int len) {
-  if (const NoxStatus st = check(len, s, d)) return st;
-  if (so < 0 || dof < 0) return noxStsSizeErr;
-  so &= 7; dof &= 7;
-  for (int i = 0; i < len; ++i) {
-    const size_t a = size_t(so) + size_t(i), b = size_t(dof) + size_t(i);
-    const int am = Msb ? 0x80 >> (a & 7) : 1 << (a & 7), bm = Msb ? 0x80 >> (b & 7) : 1 << (b & 7);
-    d[b / 8] = Nox8u(s[a / 8] & am ? d[b / 8] | bm : d[b / 8] & ~bm);
-  }
-  return noxStsNoErr;
-}
+
 }  // namespace
 }  // namespace NOX_VARIANT
 }  // namespace nox
+
 using namespace nox;
+
 extern "C" {
-NoxStatus NOX_BODY(noxsSet_8u)(Nox8u v, Nox8u* d, int len) { return set(v, d, len); }
+
+NoxStatus NOX_BODY(noxsSet_8u)(Nox8u value, Nox8u* d, int len) { return set(value, d, len); }
+NoxStatus NOX_BODY(noxsSet_16s)(Nox16s value, Nox16s* d, int len) { return set(value, d, len); }
+NoxStatus NOX_BODY(noxsSet_32s)(Nox32s value, Nox32s* d, int len) { return set(value, d, len); }
+NoxStatus NOX_BODY(noxsSet_32sc)(Nox32sc value, Nox32sc* d, int len) { return set(value, d, len); }
+NoxStatus NOX_BODY(noxsSet_64f)(Nox64f value, Nox64f* d, int len) { return set(value, d, len); }
+NoxStatus NOX_BODY(noxsSet_64fc)(Nox64fc value, Nox64fc* d, int len) { return set(value, d, len); }
+
 NoxStatus NOX_BODY(noxsZero_8u)(Nox8u* d, int len) { return zero(d, len); }
-NoxStatus NOX_BODY(noxsSet_16s)(Nox16s v, Nox16s* d, int len) { return set(v, d, len); }
 NoxStatus NOX_BODY(noxsZero_16s)(Nox16s* d, int len) { return zero(d, len); }
-NoxStatus NOX_BODY(noxsSet_32s)(Nox32s v, Nox32s* d, int len) { return set(v, d, len); }
 NoxStatus NOX_BODY(noxsZero_32s)(Nox32s* d, int len) { return zero(d, len); }
-NoxStatus NOX_BODY(noxsSet_32sc)(Nox32sc v, Nox32sc* d, int len) { return set(v, d, len); }
 NoxStatus NOX_BODY(noxsZero_32sc)(Nox32sc* d, int len) { return zero(d, len); }
-NoxStatus NOX_BODY(noxsSet_64f)(Nox64f v, Nox64f* d, int len) { return set(v, d, len); }
 NoxStatus NOX_BODY(noxsZero_64f)(Nox64f* d, int len) { return zero(d, len); }
-NoxStatus NOX_BODY(noxsSet_64fc)(Nox64fc v, Nox64fc* d, int len) { return set(v, d, len); }
 NoxStatus NOX_BODY(noxsZero_64fc)(Nox64fc* d, int len) { return zero(d, len); }
+
 NoxStatus NOX_BODY(noxsCopy_8u)(const Nox8u* s, Nox8u* d, int len) { return copy(s, d, len); }
-NoxStatus NOX_BODY(noxsMove_8u)(const Nox8u* s, Nox8u* d, int len) { return move(s, d, len); }
 NoxStatus NOX_BODY(noxsCopy_16s)(const Nox16s* s, Nox16s* d, int len) { return copy(s, d, len); }
-NoxStatus NOX_BODY(noxsMove_16s)(const Nox16s* s, Nox16s* d, int len) { return move(s, d, len); }
 NoxStatus NOX_BODY(noxsCopy_16sc)(const Nox16sc* s, Nox16sc* d, int len) { return copy(s, d, len); }
-NoxStatus NOX_BODY(noxsMove_16sc)(const Nox16sc* s, Nox16sc* d, int len) { return move(s, d, len); }
-NoxStatus NOX_BODY(noxsCopy_32s)(const Nox32s* s, Nox32s* d, int len) { return copy(s, d, len); }
-NoxStatus NOX_BODY(noxsMove_32s)(const Nox32s* s, Nox32s* d, int len) { return move(s, d, len); }
+NoxStatus NOX_BODY(noxsCopy_32s)(const Nox32s* s, Nox32s* d, int len) { return copy(s, d, len, true); }
 NoxStatus NOX_BODY(noxsCopy_32f)(const Nox32f* s, Nox32f* d, int len) { return copy(s, d, len); }
-NoxStatus NOX_BODY(noxsMove_32f)(const Nox32f* s, Nox32f* d, int len) { return move(s, d, len); }
 NoxStatus NOX_BODY(noxsCopy_32sc)(const Nox32sc* s, Nox32sc* d, int len) { return copy(s, d, len); }
-NoxStatus NOX_BODY(noxsMove_32sc)(const Nox32sc* s, Nox32sc* d, int len) { return move(s, d, len); }
 NoxStatus NOX_BODY(noxsCopy_32fc)(const Nox32fc* s, Nox32fc* d, int len) { return copy(s, d, len); }
-NoxStatus NOX_BODY(noxsMove_32fc)(const Nox32fc* s, Nox32fc* d, int len) { return move(s, d, len); }
 NoxStatus NOX_BODY(noxsCopy_64s)(const Nox64s* s, Nox64s* d, int len) { return copy(s, d, len); }
-NoxStatus NOX_BODY(noxsMove_64s)(const Nox64s* s, Nox64s* d, int len) { return move(s, d, len); }
 NoxStatus NOX_BODY(noxsCopy_64f)(const Nox64f* s, Nox64f* d, int len) { return copy(s, d, len); }
-NoxStatus NOX_BODY(noxsMove_64f)(const Nox64f* s, Nox64f* d, int len) { return move(s, d, len); }
 NoxStatus NOX_BODY(noxsCopy_64sc)(const Nox64sc* s, Nox64sc* d, int len) { return copy(s, d, len); }
-NoxStatus NOX_BODY(noxsMove_64sc)(const Nox64sc* s, Nox64sc* d, int len) { return move(s, d, len); }
 NoxStatus NOX_BODY(noxsCopy_64fc)(const Nox64fc* s, Nox64fc* d, int len) { return copy(s, d, len); }
+
+NoxStatus NOX_BODY(noxsMove_8u)(const Nox8u* s, Nox8u* d, int len) { return move(s, d, len); }
+NoxStatus NOX_BODY(noxsMove_16s)(const Nox16s* s, Nox16s* d, int len) { return move(s, d, len); }
+NoxStatus NOX_BODY(noxsMove_16sc)(const Nox16sc* s, Nox16sc* d, int len) { return move(s, d, len); }
+NoxStatus NOX_BODY(noxsMove_32s)(const Nox32s* s, Nox32s* d, int len) { return move(s, d, len); }
+NoxStatus NOX_BODY(noxsMove_32f)(const Nox32f* s, Nox32f* d, int len) { return move(s, d, len); }
+NoxStatus NOX_BODY(noxsMove_32sc)(const Nox32sc* s, Nox32sc* d, int len) { return move(s, d, len); }
+NoxStatus NOX_BODY(noxsMove_32fc)(const Nox32fc* s, Nox32fc* d, int len) { return move(s, d, len); }
+NoxStatus NOX_BODY(noxsMove_64s)(const Nox64s* s, Nox64s* d, int len) { return move(s, d, len); }
+NoxStatus NOX_BODY(noxsMove_64f)(const Nox64f* s, Nox64f* d, int len) { return move(s, d, len); }
+NoxStatus NOX_BODY(noxsMove_64sc)(const Nox64sc* s, Nox64sc* d, int len) { return move(s, d, len); }
 NoxStatus NOX_BODY(noxsMove_64fc)(const Nox64fc* s, Nox64fc* d, int len) { return move(s, d, len); }
-NoxStatus NOX_BODY(noxsCopyLE_1u)(const Nox8u* s, int so, Nox8u* d, int dof, int len) { return bits<true>(s, so, d, dof, len); }
-NoxStatus NOX_BODY(noxsCopyBE_1u)(const Nox8u* s, int so, Nox8u* d, int dof, int len) { return bits<false>(s, so, d, dof, len); }
-}
+
+}  // extern "C"

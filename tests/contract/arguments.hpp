@@ -11,6 +11,7 @@
 #include "kit/declarations.hpp"
 #include "kit/guarded.hpp"
 #include "kit/random.hpp"
+#include "nox/filter.h"
 
 namespace contract {
 
@@ -43,6 +44,8 @@ class Arguments {
         set_pointer(i, memory_[i].data());
       } else if (is_length(p.name)) {
         set(i, kGoodLength);
+      } else if (p.name == std::string("tapsType")) {
+        set(i, int{NOX_TYPE_64F});
       } else if (p.type == Type::Nox64f) {
         set(i, 0.75);
       } else if (p.type == Type::Nox64fc) {

@@ -16,12 +16,14 @@ template <>
 struct FirOf<Nox64f> {
   static constexpr int kType = NOX_TYPE_64F, kChunk = 4096;
   static constexpr auto init = noxsFIRSRInit_64f;
+  static constexpr auto init_idx = noxsFIRSRInit_64f_Idx;
   static constexpr auto run = noxsFIRSR_64f;
 };
 template <>
 struct FirOf<Nox64fc> {
   static constexpr int kType = NOX_TYPE_64FC, kChunk = 2048;
   static constexpr auto init = noxsFIRSRInit_64fc;
+  static constexpr auto init_idx = noxsFIRSRInit_64fc_Idx;
   static constexpr auto run = noxsFIRSR_64fc;
 };
 
@@ -68,8 +70,13 @@ class FirStream {
         work_(static_cast<size_t>(sizes.work), place & 2 ? kit::Edge::Start : kit::Edge::End, (place * 7) % 64),
         past_(taps.size() - 1) {
     kit::Guarded<T> given(taps, kit::Edge::End, place % 16);
-    EXPECT_EQ(noxStsNoErr, kit::call(FirOf<T>::init, given.data(), static_cast<int>(taps.size()), algType,
-                                     reinterpret_cast<NoxFirSpec*>(spec_.data())));
+    const int tapsLen = static_cast<int>(taps.size());
+    NoxFirSpec* const to = reinterpret_cast<NoxFirSpec*>(spec_.data());
+    // Both forms by turns; the index form counts from behind the taps.
+    const NoxStatus status = place & 1
+                                 ? kit::call(FirOf<T>::init_idx, given.data() + tapsLen, -tapsLen, tapsLen, algType, to)
+                                 : kit::call(FirOf<T>::init, given.data(), tapsLen, algType, to);
+    EXPECT_EQ(noxStsNoErr, status);
     before_ = spec_.values();
   }
   kit::Guarded<Nox8u> spec_, work_;

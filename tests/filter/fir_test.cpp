@@ -172,6 +172,23 @@ TEST_P(Fir, NullDelayLinesAreZerosAndUnwanted) {
   });
 }
 
+TEST_P(Fir, OneArrayForOutputsAndBothDelayLinesEndsAsDelayLine) {
+  for_both_types([](auto zero) {
+    using T = decltype(zero);
+    kit::Random random;
+    constexpr size_t kPast = 6, kAll = 50;
+    FirStream<T> stream(random_elements<T>(random, kPast + 1));
+    const std::vector<T> signal = random_elements<T>(random, kPast + kAll);
+    std::vector<T> expected = filter_whole(stream, signal);
+    std::copy_n(signal.begin() + kAll, kPast, expected.begin());
+    Guarded<T> src(kAll), all(kAll);
+    std::copy_n(signal.begin() + kPast, kAll, src.begin());
+    std::copy_n(signal.begin(), kPast, all.begin());
+    stream.run(src.data(), all.data(), kAll, all.data(), all.data());
+    EXPECT_TRUE(kit::same_bits(all.data(), expected.data(), kAll));
+  });
+}
+
 template <class T>
 T with_part(double part, bool imaginary) {
   if constexpr (kit::is_complex<T>)

@@ -18,7 +18,8 @@ class Generator(Scratch):
     def test_refusals(self):
         for declaration, message in [
                 ("NOX_API(NoxStatus) noxsZero_64f(Nox64f pDst[], int len);", "declared more than once: noxsZero_64f"),
-                ("NOX_API(NoxStatus) noxsNew_64f(Nox64f pDst[4], int len);", "can't read the parameter 'Nox64f pDst[4]'"),
+                ("NOX_API(NoxStatus) noxsNew_64f(Nox64f pDst[4], int len);",
+                 "can't read the parameter 'Nox64f pDst[4]'"),
                 ("NOX_API(NoxStatus) noxsNew_64f(Nox64f, int len);", "can't read the parameter 'Nox64f'"),
                 ("NOX_API(NoxStatus) noxsNew_64f(int (*f)(int));", "extra.h: can't read the declaration"),
                 ("NOX_API(NoxStatus) noxsNew_64f(int len)", "extra.h: can't read the declaration")]:
@@ -28,8 +29,8 @@ class Generator(Scratch):
                 self.assertIn(message, done.stderr)
 
     def test_index_forms(self):
-        done = self.generate("NOX_API(NoxStatus) noxsNew_64f(const Nox64f pSrc[], Nox32s val, NOX_NULLABLE Nox32s pDstIdx[],\n"
-                             "    int len, Nox64f* pSum);")
+        done = self.generate("NOX_API(NoxStatus) noxsNew_64f(const Nox64f pSrc[], Nox32s val,\n"
+                             "    NOX_NULLABLE Nox32s pDstIdx[], int len, Nox64f* pSum);")
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assertIn("noxsNew_64f_Idx(const Nox64f pSrc[], int srcIdx, Nox32s val, Nox32s pDstIdx[], int dstIdxIdx, "
                       "int len, Nox64f* pSum);", (self.dir / "out/include/nox/index.h").read_text())

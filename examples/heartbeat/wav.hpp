@@ -1,0 +1,26 @@
+// Reading a recording from a RIFF/WAVE file: 16-bit PCM of one channel.
+//
+// The chunks are walked in order and all but "fmt " and "data" are skipped. Whatever doesn't fit ends in an Error
+// whose text fits on one line.
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace heartbeat {
+
+// Input that can't be worked on; the text is meant for the user.
+struct Error : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+struct Recording {
+  int rate;  // samples per second
+  std::vector<std::int16_t> samples;
+};
+
+Recording read_wav(const std::string& path);
+
+}  // namespace heartbeat
