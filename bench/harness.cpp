@@ -24,7 +24,7 @@ constexpr int kBytesL2 = 128 * 1024;
 constexpr int kBlockSizes[] = {64, 256, 1024, 4096, 16384, 65536, kMiB, kLargest};
 constexpr int kBytesToCheck = kBytesL2;
 constexpr int kBytesPastCaches = kMiB;
-constexpr int kRepetitionsPastCaches = 9;  // such a repetition is one or two calls only
+constexpr int kRepetitionsPastCaches = 5;  // such a repetition is one or two calls only
 
 // Any doubles, of which kinds keep in-place operations from drifting out of range over a million calls.
 enum Kind { kPlain, kNearOne, kUnitCircle, kOnes, kRealOnes, kKinds };

@@ -55,7 +55,7 @@ int main(int argc, char** argv) {
       rest.push_back(argv[i]);
   }
   // Ours come first, so that flags given by the user win.
-  std::string repetitions = quick ? "--benchmark_repetitions=3" : "--benchmark_repetitions=5";
+  std::string repetitions = "--benchmark_repetitions=3";
   std::string interleaving = "--benchmark_enable_random_interleaving=true";
   std::string time = "--benchmark_min_time=0.002";
   rest.insert(rest.begin() + 1, {&repetitions[0], &interleaving[0], &time[0]});
