@@ -41,6 +41,18 @@ struct Keep {
   }
 };
 
+// Keeps stores in ascending order, which the compiler has no reason to care for: stores that fill a cache line one
+// after the other leave the store buffer together.
+NOX_INLINE void in_order() { asm volatile("" ::: "memory"); }
+
+// Stores vectors one behind the other.
+template <class V, class... R>
+NOX_INLINE void store_run(typename V::elem* d, V first, R... rest) {
+  first.store(d);
+  in_order();
+  if constexpr (sizeof...(R) > 0) store_run<V>(d + V::N, rest...);
+}
+
 // d[i] = f(s[i]...); a source may be the destination.
 template <class K, class F, class... S>
 NOX_INLINE void map(typename K::elem* d, int len, F&& f, const S*... s) {
@@ -61,10 +73,7 @@ NOX_INLINE void map(typename K::elem* d, int len, F&& f, const S*... s) {
     keep_whole(i);
     const V r0 = f(V::load(behind(s, i))...), r1 = f(V::load(behind(s, i + kVector))...);
     const V r2 = f(V::load(behind(s, i + 2 * kVector))...), r3 = f(V::load(behind(s, i + 3 * kVector))...);
-    r0.store(behind(d, i));
-    r1.store(behind(d, i + kVector));
-    r2.store(behind(d, i + 2 * kVector));
-    r3.store(behind(d, i + 3 * kVector));
+    store_run<V>(behind(d, i), r0, r1, r2, r3);
   }
   for (; bytes - i >= kVector; i += kVector) {
     keep_whole(i);
@@ -110,10 +119,7 @@ NOX_INLINE void map_reversed(typename K::elem* d, const typename K::elem* s, int
     const typename K::elem* const back = behind(from, 0 - i);
     const V r0 = f(reverse(V::load(back))), r1 = f(reverse(V::load(behind(back, 0 - kVector))));
     const V r2 = f(reverse(V::load(behind(back, 0 - 2 * kVector)))), r3 = f(reverse(V::load(behind(back, 0 - 3 * kVector))));
-    r0.store(behind(d, i));
-    r1.store(behind(d, i + kVector));
-    r2.store(behind(d, i + 2 * kVector));
-    r3.store(behind(d, i + 3 * kVector));
+    store_run<V>(behind(d, i), r0, r1, r2, r3);
   }
   for (; bytes - i >= kVector; i += kVector) vector(i).store(behind(d, i));
   vector(bytes - kVector).store(behind(d, bytes - kVector));

@@ -7,7 +7,6 @@
 
 #include "core/body.hpp"
 #include "core/drivers.hpp"
-#include "filter/fir_kernels.hpp"
 #include "vector/block.hpp"
 
 namespace nox {

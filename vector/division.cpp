@@ -39,10 +39,7 @@ NOX_INLINE void divide_block(const Nox64f* by, const Nox64f* x, Nox64f* d, Watch
     const V r = V::all(1.0) / product, r01 = r * by23, r23 = r * by01;
     const V q0 = V::load(x) * (r01 * by1), q1 = V::load(x + V::N) * (r01 * by0);
     const V q2 = V::load(x + 2 * V::N) * (r23 * by3), q3 = V::load(x + 3 * V::N) * (r23 * by2);
-    q0.store(d);
-    q1.store(d + V::N);
-    q2.store(d + 2 * V::N);
-    q3.store(d + 3 * V::N);
+    store_run<V>(d, q0, q1, q2, q3);
   } else {
     for (size_t i = 0; i < 4 * V::N; i += V::N) divide(V::load(x + i), V::load(by + i), zeros).store(d + i);
   }
@@ -88,8 +85,7 @@ template <class C, class P = parts_of<C>>
 NOX_INLINE void quotients(const Nox64fc* by, const Nox64fc* x, Nox64fc* d, P reciprocals) {
   const C q0 = quotient(C::load(x), C::load(by), low_halves(reciprocals, reciprocals));
   const C q1 = quotient(C::load(x + C::N), C::load(by + C::N), high_halves(reciprocals, reciprocals));
-  q0.store(d);
-  q1.store(d + C::N);
+  store_run<C>(d, q0, q1);
 }
 
 // Four vectors of quotients at d, of x by `by`.
