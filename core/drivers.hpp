@@ -1,8 +1,9 @@
 // Drivers: one loop per shape, given a functor that works on any lane type.
 //
-// Each peels single elements until the destination stands on a vector boundary (if it can), runs whole vectors four at
-// a time, then one at a time, and ends in single elements. All loads of a group come before its stores, so the
-// destination may be one of the sources. K names the kind of lanes: f64, c64, ints<T>.
+// The first and the last vector of an array stand at its very ends, wherever these are; between them whole vectors run
+// four at a time from a vector boundary of the destination on, and what they share with the two at the ends is computed
+// twice, to the same bits. Arrays shorter than a vector run in single lanes. K names the kind of lanes: f64, c64,
+// ints<T>.
 #pragma once
 #include "core/simd/c64.hpp"
 #include "core/simd/f64.hpp"
@@ -11,48 +12,82 @@
 namespace nox {
 inline namespace NOX_VARIANT {
 
-// Elements in front of the first vector boundary, at most len; 0 where element steps never reach a boundary.
+// Bytes in front of the first vector boundary; 0 where element steps never reach a boundary.
+template <class V>
+NOX_INLINE size_t bytes_to_boundary(const typename V::elem* p) {
+  constexpr size_t kElement = sizeof(typename V::elem), kVector = kElement * V::N;
+  const size_t past = (0 - reinterpret_cast<uintptr_t>(p)) & (kVector - 1);
+  return past % kElement == 0 ? past : 0;
+}
 template <class V>
 NOX_INLINE size_t elements_to_boundary(const typename V::elem* p, size_t len) {
-  constexpr size_t kElement = sizeof(typename V::elem), kVector = kElement * V::N;
-  const size_t past = reinterpret_cast<uintptr_t>(p) & (kVector - 1);
-  if (past % kElement != 0 || past == 0) return 0;
-  const size_t head = (kVector - past) / kElement;
+  const size_t head = bytes_to_boundary<V>(p) / sizeof(typename V::elem);
   return head < len ? head : len;
 }
 
-// d[i] = f(s[i]...)
+// The element `bytes` behind p.
+template <class E>
+NOX_INLINE E* behind(E* p, size_t bytes) {
+  return reinterpret_cast<E*>(reinterpret_cast<uintptr_t>(p) + bytes);
+}
+// Keeps a running offset one register: the compiler would make a pointer of it for each array, and run out of them.
+NOX_INLINE void keep_whole(size_t& offset) { asm("" : "+r"(offset)); }
+
+// The functor of a plain move.
+struct Keep {
+  template <class V>
+  NOX_INLINE V operator()(V a) const {
+    return a;
+  }
+};
+
+// d[i] = f(s[i]...); a source may be the destination.
 template <class K, class F, class... S>
 NOX_INLINE void map(typename K::elem* d, int len, F&& f, const S*... s) {
   using V = typename K::vec;
   using One = typename K::one;
-  const size_t n = static_cast<size_t>(len);
+  constexpr size_t kElement = sizeof(typename K::elem), kVector = kElement * V::N;
+  const size_t bytes = static_cast<size_t>(len) * kElement;
   size_t i = 0;
-  for (const size_t head = elements_to_boundary<V>(d, n); i < head; ++i) f(One::load(s + i)...).store(d + i);
-  for (; n - i >= 4 * V::N; i += 4 * V::N) {
-    const V r0 = f(V::load(s + i)...), r1 = f(V::load(s + i + V::N)...);
-    const V r2 = f(V::load(s + i + 2 * V::N)...), r3 = f(V::load(s + i + 3 * V::N)...);
-    r0.store(d + i);
-    r1.store(d + i + V::N);
-    r2.store(d + i + 2 * V::N);
-    r3.store(d + i + 3 * V::N);
+  if (bytes < kVector) {
+    for (; i < bytes; i += kElement) f(One::load(behind(s, i))...).store(behind(d, i));
+    return;
   }
-  for (; n - i >= V::N; i += V::N) f(V::load(s + i)...).store(d + i);
-  for (; i < n; ++i) f(One::load(s + i)...).store(d + i);
+  // The ends are computed before anything is written, and written when all has been read: the destination may be a
+  // source.
+  const V first = f(V::load(s)...), last = f(V::load(behind(s, bytes - kVector))...);
+  i = bytes_to_boundary<V>(d);
+  for (; bytes - i >= 4 * kVector; i += 4 * kVector) {
+    keep_whole(i);
+    const V r0 = f(V::load(behind(s, i))...), r1 = f(V::load(behind(s, i + kVector))...);
+    const V r2 = f(V::load(behind(s, i + 2 * kVector))...), r3 = f(V::load(behind(s, i + 3 * kVector))...);
+    r0.store(behind(d, i));
+    r1.store(behind(d, i + kVector));
+    r2.store(behind(d, i + 2 * kVector));
+    r3.store(behind(d, i + 3 * kVector));
+  }
+  for (; bytes - i >= kVector; i += kVector) {
+    keep_whole(i);
+    f(V::load(behind(s, i))...).store(behind(d, i));
+  }
+  first.store(d);
+  last.store(behind(d, bytes - kVector));
 }
 
-// Lanes that a functor ors together on its way, kept apart for the two widths of a map.
+// Lanes that a functor ors together on its way: a condition that a warning reports after the loop.
 template <class K>
 struct Watch {
   typename K::vec wide = K::vec::zero();
-  typename K::one single = K::one::zero();
+  int narrow = 0;  // the top bits of lanes seen in narrower registers
   template <class V>
   NOX_INLINE void see(V lanes) {
-    if constexpr (V::N == K::vec::N) wide = wide | lanes;
-    else single = single | lanes;
+    if constexpr (V::N == K::vec::N)
+      wide = wide | lanes;
+    else
+      narrow |= mask_bits(lanes);
   }
   // Whether any lane had its top bit set.
-  NOX_INLINE bool any() const { return (mask_bits(wide) | mask_bits(single)) != 0; }
+  NOX_INLINE bool any() const { return (mask_bits(wide) | narrow) != 0; }
 };
 
 // d[i] = f(s[n - 1 - i]); the arrays don't overlap.
@@ -60,16 +95,28 @@ template <class K, class F>
 NOX_INLINE void map_reversed(typename K::elem* d, const typename K::elem* s, int len, F&& f) {
   using V = typename K::vec;
   using One = typename K::one;
-  const size_t n = static_cast<size_t>(len);
+  constexpr size_t kElement = sizeof(typename K::elem), kVector = kElement * V::N;
+  const size_t bytes = static_cast<size_t>(len) * kElement;
   size_t i = 0;
-  for (const size_t head = elements_to_boundary<V>(d, n); i < head; ++i) f(One::load(s + (n - 1 - i))).store(d + i);
-  for (; n - i >= 2 * V::N; i += 2 * V::N) {
-    const V r0 = f(reverse(V::load(s + (n - i - V::N)))), r1 = f(reverse(V::load(s + (n - i - 2 * V::N))));
-    r0.store(d + i);
-    r1.store(d + i + V::N);
+  if (bytes < kVector) {
+    for (; i < bytes; i += kElement) f(One::load(behind(s, bytes - kElement - i))).store(behind(d, i));
+    return;
   }
-  for (; n - i >= V::N; i += V::N) f(reverse(V::load(s + (n - i - V::N)))).store(d + i);
-  for (; i < n; ++i) f(One::load(s + (n - 1 - i))).store(d + i);
+  const typename K::elem* const from = behind(s, bytes - kVector);  // the vector i bytes in front of it goes to d + i
+  const auto vector = [&](size_t at) { return f(reverse(V::load(behind(from, 0 - at)))); };
+  vector(0).store(d);
+  for (i = bytes_to_boundary<V>(d); bytes - i >= 4 * kVector; i += 4 * kVector) {
+    keep_whole(i);
+    const typename K::elem* const back = behind(from, 0 - i);
+    const V r0 = f(reverse(V::load(back))), r1 = f(reverse(V::load(behind(back, 0 - kVector))));
+    const V r2 = f(reverse(V::load(behind(back, 0 - 2 * kVector)))), r3 = f(reverse(V::load(behind(back, 0 - 3 * kVector))));
+    r0.store(behind(d, i));
+    r1.store(behind(d, i + kVector));
+    r2.store(behind(d, i + 2 * kVector));
+    r3.store(behind(d, i + 3 * kVector));
+  }
+  for (; bytes - i >= kVector; i += kVector) vector(i).store(behind(d, i));
+  vector(bytes - kVector).store(behind(d, bytes - kVector));
 }
 
 // Exchanges element i with element n - 1 - i: vectors from both ends while they don't meet, then single elements.

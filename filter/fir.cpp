@@ -6,11 +6,23 @@
 #include "filter/fir.hpp"
 
 #include "core/body.hpp"
-#include "filter/block.hpp"
+#include "core/drivers.hpp"
+#include "filter/fir_kernels.hpp"
+#include "vector/block.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
 namespace {
+
+// Moves and clears of whole elements, for arrays that don't overlap; a length of 0 does nothing.
+template <class E>
+NOX_INLINE void copy_elements(E* d, const E* s, int len) {
+  copy_bytes(d, s, static_cast<size_t>(len) * sizeof(E));
+}
+template <class E>
+NOX_INLINE void clear_elements(E* d, int len) {
+  zero_bytes(d, static_cast<size_t>(len) * sizeof(E));
+}
 
 // Bytes of an element by its type code; 0 for the codes that have no filter.
 Nox64u element_bytes(int type) {
@@ -42,7 +54,7 @@ NOX_INLINE NoxStatus fir_init(const E* taps, int tapsLen, int algType, NoxFirSpe
   if (algType < NOX_ALG_AUTO || algType > NOX_ALG_FFT) return noxStsAlgTypeErr;
   char* const record = first_boundary(reinterpret_cast<char*>(memory));
   E* const reversed = reinterpret_cast<E*>(record + kFirAlign);
-  copy_reversed<K>(reversed, taps, tapsLen);
+  map_reversed<K>(reversed, taps, tapsLen, Keep{});
   if constexpr (kFirWideTaps<E>) {
     Nox64f* const wide = wide_taps(reversed, tapsLen);
     for (size_t j = 0; j < static_cast<size_t>(tapsLen); ++j)
@@ -77,16 +89,16 @@ struct Fir {
   // Lays down the sequence: the delay line, or zeros for null, and the first samples behind it.
   NOX_INLINE void join(const E* dlySrc, const E* s, int n) const {
     if (dlySrc)
-      copy_block<K>(sequence, dlySrc, delayLen);
+      copy_elements(sequence, dlySrc, delayLen);
     else
-      clear_block<K>(sequence, delayLen);
-    copy_block<K>(sequence + delayLen, s, n < delayLen ? n : delayLen);
+      clear_elements(sequence, delayLen);
+    copy_elements(sequence + delayLen, s, n < delayLen ? n : delayLen);
   }
 
   // The last delayLen samples up to the n-th of s. Taken from the joined sequence, never from the old delay line, so
   // it may be written over that.
   NOX_INLINE void next_delay(E* dlyDst, const E* s, int n) const {
-    copy_block<K>(dlyDst, n < delayLen ? sequence + n : s + (n - delayLen), delayLen);
+    copy_elements(dlyDst, n < delayLen ? sequence + n : s + (n - delayLen), delayLen);
   }
 
   // n outputs: those whose windows begin before s from the sequence, the others from s.
@@ -118,11 +130,11 @@ struct Fir {
       join(dlySrc, s + done, chunk);
       next_delay(delay, s + done, chunk);
       outputs(s + done, staging, chunk);
-      copy_block<K>(d + done, staging, chunk);
+      copy_elements(d + done, staging, chunk);
       dlySrc = delay;
       done += chunk;
     }
-    if (dlyDst) copy_block<K>(dlyDst, delay, delayLen);
+    if (dlyDst) copy_elements(dlyDst, delay, delayLen);
   }
 };
 

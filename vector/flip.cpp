@@ -6,10 +6,6 @@ namespace nox {
 inline namespace NOX_VARIANT {
 namespace {
 
-struct Keep {
-  template <class V>
-  NOX_INLINE V operator()(V a) const { return a; }
-};
 struct Conjugate {
   template <class V>
   NOX_INLINE V operator()(V a) const { return conj(a); }

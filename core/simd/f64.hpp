@@ -100,6 +100,14 @@ NOX_INLINE F64x4 reverse(F64x4 a) { return {_mm256_permute4x64_pd(a.v, 0x1B)}; }
 NOX_INLINE F64x4 reverse(F64x4 a) { return {_mm256_permute_pd(_mm256_permute2f128_pd(a.v, a.v, 1), 5)}; }
 #endif
 
+// The lower, or the upper, lane of each pair of a beside that of b: takes complex values apart and puts them together.
+NOX_INLINE F64x2 low_halves(F64x2 a, F64x2 b) { return {_mm_unpacklo_pd(a.v, b.v)}; }
+NOX_INLINE F64x2 high_halves(F64x2 a, F64x2 b) { return {_mm_unpackhi_pd(a.v, b.v)}; }
+#if NOX_LEVEL >= 3
+NOX_INLINE F64x4 low_halves(F64x4 a, F64x4 b) { return {_mm256_unpacklo_pd(a.v, b.v)}; }
+NOX_INLINE F64x4 high_halves(F64x4 a, F64x4 b) { return {_mm256_unpackhi_pd(a.v, b.v)}; }
+#endif
+
 // a * b + c: one rounding in the build that fuses, two in the others.
 #if NOX_LEVEL >= 4
 NOX_INLINE F64x1 madd(F64x1 a, F64x1 b, F64x1 c) { return {_mm_fmadd_sd(a.v, b.v, c.v)}; }
