@@ -125,7 +125,8 @@ all rows the library's median repetition was {middle:.1f} % above its best one, 
 The peers have the instruction set of the build:
 
 - GCC, clang: plain loops at `-O3 -fno-math-errno`, with arrays that are promised not to overlap and multiply-add fused
-  as each compiler does by default. They are kept from calling `memcpy` and `memset` instead.
+  as each compiler does by default. Each is a function of its own, called as the library's are but without the cost of
+  position-independent code; calls of `memcpy` and `memset` in place of a loop are switched off.
 - Eigen: array expressions on unaligned maps, compiled by GCC with the same flags.
 - C library: `memcpy`, `memmove`, `memset`, which choose their instruction set themselves. For values wider than a byte
   `memset` writes as many bytes.

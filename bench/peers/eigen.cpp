@@ -128,4 +128,4 @@ const NamedLoop kLoops[] = {
 
 }  // namespace
 
-NOX_PEER_SET("eigen", kLoops);
+NOX_PEER_SET(PEER, "eigen", kLoops);

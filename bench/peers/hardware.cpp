@@ -7,7 +7,7 @@
 
 #include "bench/peers/shapes.hpp"
 
-namespace {
+namespace NOX_PEER_SPACE {
 
 #ifdef __AVX__
 constexpr int kLanes = 4;
@@ -134,13 +134,9 @@ const NamedLoop kStreams[] = {
     {"update", traffic<0, true, true>}, {"update from", traffic<1, true, true>}, {"accumulate", traffic<2, true, true>},
 };
 
-}  // namespace
+}  // namespace NOX_PEER_SPACE
 
-#define PEER packed
-NOX_PEER_SET("packed", kPacked);
-#undef PEER
-#define PEER limits
-NOX_PEER_SET("limit", kLimits);
-#undef PEER
-#define PEER streams
-NOX_PEER_SET("limit-nt", kStreams);
+using namespace NOX_PEER_SPACE;
+NOX_PEER_SET(packed, "packed", kPacked);
+NOX_PEER_SET(limits, "limit", kLimits);
+NOX_PEER_SET(streams, "limit-nt", kStreams);

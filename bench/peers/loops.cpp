@@ -3,7 +3,7 @@
 // The build passes PEER, the set's name. To add a loop: one functor unless it exists, one line in the table.
 #include "bench/peers/shapes.hpp"
 
-namespace {
+namespace NOX_PEER_SPACE {
 
 struct Keep {
   template <class T>
@@ -161,6 +161,7 @@ const NamedLoop kLoops[] = {
     {"noxsMove_64fc", Shape<complex, Keep>::each},
 };
 
-}  // namespace
+}  // namespace NOX_PEER_SPACE
 
-NOX_PEER_SET(NOX_PEER_TEXT(PEER), kLoops);
+using namespace NOX_PEER_SPACE;
+NOX_PEER_SET(PEER, NOX_PEER_TEXT(PEER), kLoops);

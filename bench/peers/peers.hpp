@@ -32,7 +32,8 @@ struct PeerSet {
 #define NOX_PEER_TEXT2(a) #a
 #define NOX_PEER_TEXT(a) NOX_PEER_TEXT2(a)
 
-// The one exported name of an object of peers; PEER comes from the build.
-#define NOX_PEER_SET(who, loops)                                                                       \
-  extern "C" __attribute__((visibility("default"))) const PeerSet NOX_PEER_PASTE(nox_peers_, PEER) = { \
+// The namespace of an object's loops, and its one exported name; PEER comes from the build.
+#define NOX_PEER_SPACE NOX_PEER_PASTE(peers_, PEER)
+#define NOX_PEER_SET(symbol, who, loops)                                                                 \
+  extern "C" __attribute__((visibility("default"))) const PeerSet NOX_PEER_PASTE(nox_peers_, symbol) = { \
       who, loops, static_cast<int>(sizeof(loops) / sizeof(loops[0]))}

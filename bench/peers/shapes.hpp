@@ -1,13 +1,19 @@
 // Loop shapes shared by the compilers' plain loops: what a user of the library would otherwise write by hand.
 //
-// Each loop is a function of its own with the natural arguments, so a measured call pays for one call like a call of
-// the library. Sources and destination are promised not to overlap, which is the compilers' best case.
+// Each loop is a function of its own with the natural arguments and external linkage, so a measured call pays for one
+// call by the platform's convention like a call of the library; a local function would get its arguments in registers.
+// Sources and destination are promised not to overlap, which is the compilers' best case.
 #pragma once
 #include "bench/peers/peers.hpp"
 
-#define PEER_OUT_OF_LINE __attribute__((noinline))
+#ifdef __clang__
+#define NOX_PEER_NO_CLONES
+#else
+#define NOX_PEER_NO_CLONES __attribute__((noclone))
+#endif
+#define PEER_OUT_OF_LINE __attribute__((noinline)) NOX_PEER_NO_CLONES
 
-namespace {
+namespace NOX_PEER_SPACE {
 
 template <class T>
 struct Pair {
@@ -113,4 +119,4 @@ struct Shape {
   static void zero(const Operands* o) { fill_loop(T{}, out<T>(o), o->len); }
 };
 
-}  // namespace
+}  // namespace NOX_PEER_SPACE

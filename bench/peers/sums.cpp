@@ -5,7 +5,7 @@
 // they stand; taps come reversed, so both inner reads run forward.
 #include "bench/peers/shapes.hpp"
 
-namespace {
+namespace NOX_PEER_SPACE {
 
 PEER_OUT_OF_LINE void fir_real(const real* __restrict x, real* __restrict y, int len, const real* __restrict taps,
                                int taps_len) {
@@ -40,6 +40,7 @@ const NamedLoop kLoops[] = {
     {"noxsFIRSR_64fc", fir_64fc},
 };
 
-}  // namespace
+}  // namespace NOX_PEER_SPACE
 
-NOX_PEER_SET(NOX_PEER_TEXT(PEER_WHO), kLoops);
+using namespace NOX_PEER_SPACE;
+NOX_PEER_SET(PEER, NOX_PEER_TEXT(PEER_WHO), kLoops);
