@@ -72,8 +72,9 @@ NOX_INLINE void map(typename K::elem* d, int len, F&& f, const S*... s) {
   for (; bytes - i >= 4 * kVector; i += 4 * kVector) {
     keep_whole(i);
     const V r0 = f(V::load(behind(s, i))...), r1 = f(V::load(behind(s, i + kVector))...);
+    store_run<V>(behind(d, i), r0, r1);
     const V r2 = f(V::load(behind(s, i + 2 * kVector))...), r3 = f(V::load(behind(s, i + 3 * kVector))...);
-    store_run<V>(behind(d, i), r0, r1, r2, r3);
+    store_run<V>(behind(d, i + 2 * kVector), r2, r3);
   }
   for (; bytes - i >= kVector; i += kVector) {
     keep_whole(i);
