@@ -12,7 +12,7 @@ struct NoxFilterHandle {
   void* dlyIn;   // read by the next call
   void* dlyOut;  // written by the next call
   Nox8u* work;
-  Nox32s size;   // elements of each delay line
+  Nox32s size;  // elements of each delay line
 };
 
 namespace nox {
@@ -110,8 +110,8 @@ void noxsFIRSRFree_Idx(NoxFilterHandle* pHandle) {
   free(pHandle);
 }
 
-NoxStatus noxsFIROne_64f_Idx(Nox64f val, Nox64f* pDstVal, const NoxFirSpec* pSpec, const Nox64f* pDlySrc,
-                             int dlySrcIdx, Nox64f* pDlyDst, int dlyDstIdx, Nox8u* pBuf, int bufIdx) {
+NoxStatus noxsFIROne_64f_Idx(Nox64f val, Nox64f* pDstVal, const NoxFirSpec* pSpec, const Nox64f* pDlySrc, int dlySrcIdx,
+                             Nox64f* pDlyDst, int dlyDstIdx, Nox8u* pBuf, int bufIdx) {
   return plain_noxsFIRSR_64f(&val, pDstVal, 1, pSpec, at_or_null(pDlySrc, dlySrcIdx), at_or_null(pDlyDst, dlyDstIdx),
                              at_or_null(pBuf, bufIdx));
 }

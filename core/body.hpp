@@ -3,9 +3,9 @@
 // A body is `NOX_BODY(noxsName)`, a C function whose parameters the compiler compares with the public declaration.
 // It checks its arguments in the fixed order, picks a path, runs kernels and returns a status.
 #pragma once
-#include "core/variant.hpp"
 #include "core/frame.hpp"
 #include "core/internal.h"
+#include "core/variant.hpp"
 
 #include "bodies.hpp"
 

@@ -17,12 +17,12 @@ inline namespace NOX_VARIANT {
 
 struct Variant {
   const char* tag;
-  const char* name;        // in the version record
-  bool fuses;              // multiply and add in one rounding
-  bool divides_long_copy;  // noxsCopy of wide elements divides counts whose bytes pass 31 bits
-  size_t copy_large_from;  // bytes from which noxsCopy chooses its method by distance and cache
-  size_t zero_bytes_large; // bytes above which noxsZero_8u changes its method
-  size_t fill_large;       // bytes above which noxsSet and the other noxsZero do
+  const char* name;         // in the version record
+  bool fuses;               // multiply and add in one rounding
+  bool divides_long_copy;   // noxsCopy of wide elements divides counts whose bytes pass 31 bits
+  size_t copy_large_from;   // bytes from which noxsCopy chooses its method by distance and cache
+  size_t zero_bytes_large;  // bytes above which noxsZero_8u changes its method
+  size_t fill_large;        // bytes above which noxsSet and the other noxsZero do
 };
 
 namespace variants {

@@ -34,38 +34,70 @@ struct IntOne {
   NOX_INLINE void store(T* p) const { __builtin_memcpy(p, &v, sizeof(T)); }
 };
 template <class T>
-NOX_INLINE IntOne<T> operator&(IntOne<T> a, IntOne<T> b) { return {T(a.v & b.v)}; }
+NOX_INLINE IntOne<T> operator&(IntOne<T> a, IntOne<T> b) {
+  return {T(a.v & b.v)};
+}
 template <class T>
-NOX_INLINE IntOne<T> operator|(IntOne<T> a, IntOne<T> b) { return {T(a.v | b.v)}; }
+NOX_INLINE IntOne<T> operator|(IntOne<T> a, IntOne<T> b) {
+  return {T(a.v | b.v)};
+}
 template <class T>
-NOX_INLINE IntOne<T> operator^(IntOne<T> a, IntOne<T> b) { return {T(a.v ^ b.v)}; }
+NOX_INLINE IntOne<T> operator^(IntOne<T> a, IntOne<T> b) {
+  return {T(a.v ^ b.v)};
+}
 template <class T>
-NOX_INLINE IntOne<T> and_not(IntOne<T> no, IntOne<T> b) { return {T(~no.v & b.v)}; }
+NOX_INLINE IntOne<T> and_not(IntOne<T> no, IntOne<T> b) {
+  return {T(~no.v & b.v)};
+}
 template <class T>
-NOX_INLINE IntOne<T> operator+(IntOne<T> a, IntOne<T> b) { return {T(Nox64u(a.v) + Nox64u(b.v))}; }
+NOX_INLINE IntOne<T> operator+(IntOne<T> a, IntOne<T> b) {
+  return {T(Nox64u(a.v) + Nox64u(b.v))};
+}
 template <class T>
-NOX_INLINE IntOne<T> operator-(IntOne<T> a, IntOne<T> b) { return {T(Nox64u(a.v) - Nox64u(b.v))}; }
+NOX_INLINE IntOne<T> operator-(IntOne<T> a, IntOne<T> b) {
+  return {T(Nox64u(a.v) - Nox64u(b.v))};
+}
 template <class T>
-NOX_INLINE IntOne<T> operator==(IntOne<T> a, IntOne<T> b) { return {T(a.v == b.v ? ~T(0) : T(0))}; }
+NOX_INLINE IntOne<T> operator==(IntOne<T> a, IntOne<T> b) {
+  return {T(a.v == b.v ? ~T(0) : T(0))};
+}
 template <class T>
-NOX_INLINE IntOne<T> operator>(IntOne<T> a, IntOne<T> b) { return {T(a.v > b.v ? ~T(0) : T(0))}; }
+NOX_INLINE IntOne<T> operator>(IntOne<T> a, IntOne<T> b) {
+  return {T(a.v > b.v ? ~T(0) : T(0))};
+}
 template <class T>
-NOX_INLINE IntOne<T> min(IntOne<T> a, IntOne<T> b) { return {a.v < b.v ? a.v : b.v}; }
+NOX_INLINE IntOne<T> min(IntOne<T> a, IntOne<T> b) {
+  return {a.v < b.v ? a.v : b.v};
+}
 template <class T>
-NOX_INLINE IntOne<T> max(IntOne<T> a, IntOne<T> b) { return {a.v > b.v ? a.v : b.v}; }
+NOX_INLINE IntOne<T> max(IntOne<T> a, IntOne<T> b) {
+  return {a.v > b.v ? a.v : b.v};
+}
 // Sum and difference cut to the range of T, of at most 32 bits.
 template <class T>
-NOX_INLINE IntOne<T> cut(Nox64s x) { return {x < lowest<T> ? lowest<T> : x > highest<T> ? highest<T> : T(x)}; }
+NOX_INLINE IntOne<T> cut(Nox64s x) {
+  return {x < lowest<T> ? lowest<T> : x > highest<T> ? highest<T> : T(x)};
+}
 template <class T>
-NOX_INLINE IntOne<T> add_saturated(IntOne<T> a, IntOne<T> b) { return cut<T>(Nox64s(a.v) + b.v); }
+NOX_INLINE IntOne<T> add_saturated(IntOne<T> a, IntOne<T> b) {
+  return cut<T>(Nox64s(a.v) + b.v);
+}
 template <class T>
-NOX_INLINE IntOne<T> sub_saturated(IntOne<T> a, IntOne<T> b) { return cut<T>(Nox64s(a.v) - b.v); }
+NOX_INLINE IntOne<T> sub_saturated(IntOne<T> a, IntOne<T> b) {
+  return cut<T>(Nox64s(a.v) - b.v);
+}
 template <class T>
-NOX_INLINE IntOne<T> shift_left(IntOne<T> a, int n) { return {T(Nox64u(a.v) << n)}; }
+NOX_INLINE IntOne<T> shift_left(IntOne<T> a, int n) {
+  return {T(Nox64u(a.v) << n)};
+}
 template <class T>
-NOX_INLINE IntOne<T> shift_right(IntOne<T> a, int n) { return {T(a.v >> n)}; }
+NOX_INLINE IntOne<T> shift_right(IntOne<T> a, int n) {
+  return {T(a.v >> n)};
+}
 template <class T>
-NOX_INLINE IntOne<T> reverse(IntOne<T> a) { return a; }
+NOX_INLINE IntOne<T> reverse(IntOne<T> a) {
+  return a;
+}
 
 template <class T, int Bytes>
 struct IntLanes;
@@ -78,10 +110,14 @@ struct IntLanes<T, 16> {
   static NOX_INLINE IntLanes load(const T* p) { return {_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))}; }
   static NOX_INLINE IntLanes zero() { return {_mm_setzero_si128()}; }
   static NOX_INLINE IntLanes all(T x) {
-    if constexpr (sizeof(T) == 1) return {_mm_set1_epi8(static_cast<char>(x))};
-    else if constexpr (sizeof(T) == 2) return {_mm_set1_epi16(static_cast<short>(x))};
-    else if constexpr (sizeof(T) == 4) return {_mm_set1_epi32(static_cast<int>(x))};
-    else return {_mm_set1_epi64x(static_cast<long long>(x))};
+    if constexpr (sizeof(T) == 1)
+      return {_mm_set1_epi8(static_cast<char>(x))};
+    else if constexpr (sizeof(T) == 2)
+      return {_mm_set1_epi16(static_cast<short>(x))};
+    else if constexpr (sizeof(T) == 4)
+      return {_mm_set1_epi32(static_cast<int>(x))};
+    else
+      return {_mm_set1_epi64x(static_cast<long long>(x))};
   }
   NOX_INLINE void store(T* p) const { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
 };
@@ -95,10 +131,14 @@ struct IntLanes<T, 32> {
   static NOX_INLINE IntLanes load(const T* p) { return {_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))}; }
   static NOX_INLINE IntLanes zero() { return {_mm256_setzero_si256()}; }
   static NOX_INLINE IntLanes all(T x) {
-    if constexpr (sizeof(T) == 1) return {_mm256_set1_epi8(static_cast<char>(x))};
-    else if constexpr (sizeof(T) == 2) return {_mm256_set1_epi16(static_cast<short>(x))};
-    else if constexpr (sizeof(T) == 4) return {_mm256_set1_epi32(static_cast<int>(x))};
-    else return {_mm256_set1_epi64x(static_cast<long long>(x))};
+    if constexpr (sizeof(T) == 1)
+      return {_mm256_set1_epi8(static_cast<char>(x))};
+    else if constexpr (sizeof(T) == 2)
+      return {_mm256_set1_epi16(static_cast<short>(x))};
+    else if constexpr (sizeof(T) == 4)
+      return {_mm256_set1_epi32(static_cast<int>(x))};
+    else
+      return {_mm256_set1_epi64x(static_cast<long long>(x))};
   }
   NOX_INLINE void store(T* p) const { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v); }
 };

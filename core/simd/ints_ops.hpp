@@ -34,58 +34,79 @@ NOX_INLINE V128<T> and_not(V128<T> no, V128<T> b) {
 
 template <class T>
 NOX_INLINE V128<T> operator+(V128<T> a, V128<T> b) {
-  if constexpr (sizeof(T) == 1) return {_mm_add_epi8(a.v, b.v)};
-  else if constexpr (sizeof(T) == 2) return {_mm_add_epi16(a.v, b.v)};
-  else if constexpr (sizeof(T) == 4) return {_mm_add_epi32(a.v, b.v)};
-  else return {_mm_add_epi64(a.v, b.v)};
+  if constexpr (sizeof(T) == 1)
+    return {_mm_add_epi8(a.v, b.v)};
+  else if constexpr (sizeof(T) == 2)
+    return {_mm_add_epi16(a.v, b.v)};
+  else if constexpr (sizeof(T) == 4)
+    return {_mm_add_epi32(a.v, b.v)};
+  else
+    return {_mm_add_epi64(a.v, b.v)};
 }
 
 template <class T>
 NOX_INLINE V128<T> operator-(V128<T> a, V128<T> b) {
-  if constexpr (sizeof(T) == 1) return {_mm_sub_epi8(a.v, b.v)};
-  else if constexpr (sizeof(T) == 2) return {_mm_sub_epi16(a.v, b.v)};
-  else if constexpr (sizeof(T) == 4) return {_mm_sub_epi32(a.v, b.v)};
-  else return {_mm_sub_epi64(a.v, b.v)};
+  if constexpr (sizeof(T) == 1)
+    return {_mm_sub_epi8(a.v, b.v)};
+  else if constexpr (sizeof(T) == 2)
+    return {_mm_sub_epi16(a.v, b.v)};
+  else if constexpr (sizeof(T) == 4)
+    return {_mm_sub_epi32(a.v, b.v)};
+  else
+    return {_mm_sub_epi64(a.v, b.v)};
 }
 
 template <class T>
 NOX_INLINE V128<T> add_saturated(V128<T> a, V128<T> b) {
   static_assert(sizeof(T) <= 2, "wider sums are formed by their family");
-  if constexpr (sizeof(T) == 1) return {is_signed<T> ? _mm_adds_epi8(a.v, b.v) : _mm_adds_epu8(a.v, b.v)};
-  else return {is_signed<T> ? _mm_adds_epi16(a.v, b.v) : _mm_adds_epu16(a.v, b.v)};
+  if constexpr (sizeof(T) == 1)
+    return {is_signed<T> ? _mm_adds_epi8(a.v, b.v) : _mm_adds_epu8(a.v, b.v)};
+  else
+    return {is_signed<T> ? _mm_adds_epi16(a.v, b.v) : _mm_adds_epu16(a.v, b.v)};
 }
 
 template <class T>
 NOX_INLINE V128<T> sub_saturated(V128<T> a, V128<T> b) {
   static_assert(sizeof(T) <= 2, "wider differences are formed by their family");
-  if constexpr (sizeof(T) == 1) return {is_signed<T> ? _mm_subs_epi8(a.v, b.v) : _mm_subs_epu8(a.v, b.v)};
-  else return {is_signed<T> ? _mm_subs_epi16(a.v, b.v) : _mm_subs_epu16(a.v, b.v)};
+  if constexpr (sizeof(T) == 1)
+    return {is_signed<T> ? _mm_subs_epi8(a.v, b.v) : _mm_subs_epu8(a.v, b.v)};
+  else
+    return {is_signed<T> ? _mm_subs_epi16(a.v, b.v) : _mm_subs_epu16(a.v, b.v)};
 }
 
 template <class T>
 NOX_INLINE V128<T> shift_left(V128<T> a, int n) {
   static_assert(sizeof(T) >= 2, "there is no shift of byte lanes");
   const __m128i count = _mm_cvtsi32_si128(n);
-  if constexpr (sizeof(T) == 2) return {_mm_sll_epi16(a.v, count)};
-  else if constexpr (sizeof(T) == 4) return {_mm_sll_epi32(a.v, count)};
-  else return {_mm_sll_epi64(a.v, count)};
+  if constexpr (sizeof(T) == 2)
+    return {_mm_sll_epi16(a.v, count)};
+  else if constexpr (sizeof(T) == 4)
+    return {_mm_sll_epi32(a.v, count)};
+  else
+    return {_mm_sll_epi64(a.v, count)};
 }
 
 template <class T>
 NOX_INLINE V128<T> shift_right(V128<T> a, int n) {
   static_assert(sizeof(T) == 2 || sizeof(T) == 4 || (sizeof(T) == 8 && !is_signed<T>), "no such shift");
   const __m128i count = _mm_cvtsi32_si128(n);
-  if constexpr (sizeof(T) == 2) return {is_signed<T> ? _mm_sra_epi16(a.v, count) : _mm_srl_epi16(a.v, count)};
-  else if constexpr (sizeof(T) == 4) return {is_signed<T> ? _mm_sra_epi32(a.v, count) : _mm_srl_epi32(a.v, count)};
-  else return {_mm_srl_epi64(a.v, count)};
+  if constexpr (sizeof(T) == 2)
+    return {is_signed<T> ? _mm_sra_epi16(a.v, count) : _mm_srl_epi16(a.v, count)};
+  else if constexpr (sizeof(T) == 4)
+    return {is_signed<T> ? _mm_sra_epi32(a.v, count) : _mm_srl_epi32(a.v, count)};
+  else
+    return {_mm_srl_epi64(a.v, count)};
 }
 
 template <class T>
 NOX_INLINE V128<T> operator==(V128<T> a, V128<T> b) {
   static_assert(sizeof(T) <= 4, "no such comparison below SSE4.1");
-  if constexpr (sizeof(T) == 1) return {_mm_cmpeq_epi8(a.v, b.v)};
-  else if constexpr (sizeof(T) == 2) return {_mm_cmpeq_epi16(a.v, b.v)};
-  else return {_mm_cmpeq_epi32(a.v, b.v)};
+  if constexpr (sizeof(T) == 1)
+    return {_mm_cmpeq_epi8(a.v, b.v)};
+  else if constexpr (sizeof(T) == 2)
+    return {_mm_cmpeq_epi16(a.v, b.v)};
+  else
+    return {_mm_cmpeq_epi32(a.v, b.v)};
 }
 // Unsigned lanes compare as signed ones with their top bits turned over.
 template <class T>
@@ -96,18 +117,26 @@ NOX_INLINE V128<T> operator>(V128<T> a, V128<T> b) {
     a = a ^ top;
     b = b ^ top;
   }
-  if constexpr (sizeof(T) == 1) return {_mm_cmpgt_epi8(a.v, b.v)};
-  else if constexpr (sizeof(T) == 2) return {_mm_cmpgt_epi16(a.v, b.v)};
-  else return {_mm_cmpgt_epi32(a.v, b.v)};
+  if constexpr (sizeof(T) == 1)
+    return {_mm_cmpgt_epi8(a.v, b.v)};
+  else if constexpr (sizeof(T) == 2)
+    return {_mm_cmpgt_epi16(a.v, b.v)};
+  else
+    return {_mm_cmpgt_epi32(a.v, b.v)};
 }
 template <class T>
 NOX_INLINE V128<T> min(V128<T> a, V128<T> b) {
-  if constexpr (sizeof(T) == 1 && !is_signed<T>) return {_mm_min_epu8(a.v, b.v)};
-  else if constexpr (sizeof(T) == 2 && is_signed<T>) return {_mm_min_epi16(a.v, b.v)};
+  if constexpr (sizeof(T) == 1 && !is_signed<T>)
+    return {_mm_min_epu8(a.v, b.v)};
+  else if constexpr (sizeof(T) == 2 && is_signed<T>)
+    return {_mm_min_epi16(a.v, b.v)};
 #if NOX_LEVEL >= 2
-  else if constexpr (sizeof(T) == 1) return {_mm_min_epi8(a.v, b.v)};
-  else if constexpr (sizeof(T) == 2) return {_mm_min_epu16(a.v, b.v)};
-  else if constexpr (sizeof(T) == 4) return {is_signed<T> ? _mm_min_epi32(a.v, b.v) : _mm_min_epu32(a.v, b.v)};
+  else if constexpr (sizeof(T) == 1)
+    return {_mm_min_epi8(a.v, b.v)};
+  else if constexpr (sizeof(T) == 2)
+    return {_mm_min_epu16(a.v, b.v)};
+  else if constexpr (sizeof(T) == 4)
+    return {is_signed<T> ? _mm_min_epi32(a.v, b.v) : _mm_min_epu32(a.v, b.v)};
 #endif
   else {
     const V128<T> greater = a > b;
@@ -116,12 +145,17 @@ NOX_INLINE V128<T> min(V128<T> a, V128<T> b) {
 }
 template <class T>
 NOX_INLINE V128<T> max(V128<T> a, V128<T> b) {
-  if constexpr (sizeof(T) == 1 && !is_signed<T>) return {_mm_max_epu8(a.v, b.v)};
-  else if constexpr (sizeof(T) == 2 && is_signed<T>) return {_mm_max_epi16(a.v, b.v)};
+  if constexpr (sizeof(T) == 1 && !is_signed<T>)
+    return {_mm_max_epu8(a.v, b.v)};
+  else if constexpr (sizeof(T) == 2 && is_signed<T>)
+    return {_mm_max_epi16(a.v, b.v)};
 #if NOX_LEVEL >= 2
-  else if constexpr (sizeof(T) == 1) return {_mm_max_epi8(a.v, b.v)};
-  else if constexpr (sizeof(T) == 2) return {_mm_max_epu16(a.v, b.v)};
-  else if constexpr (sizeof(T) == 4) return {is_signed<T> ? _mm_max_epi32(a.v, b.v) : _mm_max_epu32(a.v, b.v)};
+  else if constexpr (sizeof(T) == 1)
+    return {_mm_max_epi8(a.v, b.v)};
+  else if constexpr (sizeof(T) == 2)
+    return {_mm_max_epu16(a.v, b.v)};
+  else if constexpr (sizeof(T) == 4)
+    return {is_signed<T> ? _mm_max_epi32(a.v, b.v) : _mm_max_epu32(a.v, b.v)};
 #endif
   else {
     const V128<T> greater = a > b;
@@ -131,12 +165,15 @@ NOX_INLINE V128<T> max(V128<T> a, V128<T> b) {
 // Lanes in the opposite order.
 template <class T>
 NOX_INLINE V128<T> reverse(V128<T> a) {
-  if constexpr (sizeof(T) == 8) return {_mm_shuffle_epi32(a.v, 0x4E)};
-  else if constexpr (sizeof(T) == 4) return {_mm_shuffle_epi32(a.v, 0x1B)};
+  if constexpr (sizeof(T) == 8)
+    return {_mm_shuffle_epi32(a.v, 0x4E)};
+  else if constexpr (sizeof(T) == 4)
+    return {_mm_shuffle_epi32(a.v, 0x1B)};
 #if NOX_LEVEL >= 1
   else if constexpr (sizeof(T) == 2)
     return {_mm_shuffle_epi8(a.v, _mm_set_epi8(1, 0, 3, 2, 5, 4, 7, 6, 9, 8, 11, 10, 13, 12, 15, 14))};
-  else return {_mm_shuffle_epi8(a.v, _mm_set_epi8(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15))};
+  else
+    return {_mm_shuffle_epi8(a.v, _mm_set_epi8(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15))};
 #else
   else {
     __m128i words = _mm_shufflehi_epi16(_mm_shufflelo_epi16(_mm_shuffle_epi32(a.v, 0x4E), 0x1B), 0x1B);
@@ -169,58 +206,80 @@ NOX_INLINE V256<T> and_not(V256<T> no, V256<T> b) {
 
 template <class T>
 NOX_INLINE V256<T> operator+(V256<T> a, V256<T> b) {
-  if constexpr (sizeof(T) == 1) return {_mm256_add_epi8(a.v, b.v)};
-  else if constexpr (sizeof(T) == 2) return {_mm256_add_epi16(a.v, b.v)};
-  else if constexpr (sizeof(T) == 4) return {_mm256_add_epi32(a.v, b.v)};
-  else return {_mm256_add_epi64(a.v, b.v)};
+  if constexpr (sizeof(T) == 1)
+    return {_mm256_add_epi8(a.v, b.v)};
+  else if constexpr (sizeof(T) == 2)
+    return {_mm256_add_epi16(a.v, b.v)};
+  else if constexpr (sizeof(T) == 4)
+    return {_mm256_add_epi32(a.v, b.v)};
+  else
+    return {_mm256_add_epi64(a.v, b.v)};
 }
 
 template <class T>
 NOX_INLINE V256<T> operator-(V256<T> a, V256<T> b) {
-  if constexpr (sizeof(T) == 1) return {_mm256_sub_epi8(a.v, b.v)};
-  else if constexpr (sizeof(T) == 2) return {_mm256_sub_epi16(a.v, b.v)};
-  else if constexpr (sizeof(T) == 4) return {_mm256_sub_epi32(a.v, b.v)};
-  else return {_mm256_sub_epi64(a.v, b.v)};
+  if constexpr (sizeof(T) == 1)
+    return {_mm256_sub_epi8(a.v, b.v)};
+  else if constexpr (sizeof(T) == 2)
+    return {_mm256_sub_epi16(a.v, b.v)};
+  else if constexpr (sizeof(T) == 4)
+    return {_mm256_sub_epi32(a.v, b.v)};
+  else
+    return {_mm256_sub_epi64(a.v, b.v)};
 }
 
 template <class T>
 NOX_INLINE V256<T> add_saturated(V256<T> a, V256<T> b) {
   static_assert(sizeof(T) <= 2, "wider sums are formed by their family");
-  if constexpr (sizeof(T) == 1) return {is_signed<T> ? _mm256_adds_epi8(a.v, b.v) : _mm256_adds_epu8(a.v, b.v)};
-  else return {is_signed<T> ? _mm256_adds_epi16(a.v, b.v) : _mm256_adds_epu16(a.v, b.v)};
+  if constexpr (sizeof(T) == 1)
+    return {is_signed<T> ? _mm256_adds_epi8(a.v, b.v) : _mm256_adds_epu8(a.v, b.v)};
+  else
+    return {is_signed<T> ? _mm256_adds_epi16(a.v, b.v) : _mm256_adds_epu16(a.v, b.v)};
 }
 
 template <class T>
 NOX_INLINE V256<T> sub_saturated(V256<T> a, V256<T> b) {
   static_assert(sizeof(T) <= 2, "wider differences are formed by their family");
-  if constexpr (sizeof(T) == 1) return {is_signed<T> ? _mm256_subs_epi8(a.v, b.v) : _mm256_subs_epu8(a.v, b.v)};
-  else return {is_signed<T> ? _mm256_subs_epi16(a.v, b.v) : _mm256_subs_epu16(a.v, b.v)};
+  if constexpr (sizeof(T) == 1)
+    return {is_signed<T> ? _mm256_subs_epi8(a.v, b.v) : _mm256_subs_epu8(a.v, b.v)};
+  else
+    return {is_signed<T> ? _mm256_subs_epi16(a.v, b.v) : _mm256_subs_epu16(a.v, b.v)};
 }
 
 template <class T>
 NOX_INLINE V256<T> shift_left(V256<T> a, int n) {
   static_assert(sizeof(T) >= 2, "there is no shift of byte lanes");
   const __m128i count = _mm_cvtsi32_si128(n);
-  if constexpr (sizeof(T) == 2) return {_mm256_sll_epi16(a.v, count)};
-  else if constexpr (sizeof(T) == 4) return {_mm256_sll_epi32(a.v, count)};
-  else return {_mm256_sll_epi64(a.v, count)};
+  if constexpr (sizeof(T) == 2)
+    return {_mm256_sll_epi16(a.v, count)};
+  else if constexpr (sizeof(T) == 4)
+    return {_mm256_sll_epi32(a.v, count)};
+  else
+    return {_mm256_sll_epi64(a.v, count)};
 }
 
 template <class T>
 NOX_INLINE V256<T> shift_right(V256<T> a, int n) {
   static_assert(sizeof(T) == 2 || sizeof(T) == 4 || (sizeof(T) == 8 && !is_signed<T>), "no such shift");
   const __m128i count = _mm_cvtsi32_si128(n);
-  if constexpr (sizeof(T) == 2) return {is_signed<T> ? _mm256_sra_epi16(a.v, count) : _mm256_srl_epi16(a.v, count)};
-  else if constexpr (sizeof(T) == 4) return {is_signed<T> ? _mm256_sra_epi32(a.v, count) : _mm256_srl_epi32(a.v, count)};
-  else return {_mm256_srl_epi64(a.v, count)};
+  if constexpr (sizeof(T) == 2)
+    return {is_signed<T> ? _mm256_sra_epi16(a.v, count) : _mm256_srl_epi16(a.v, count)};
+  else if constexpr (sizeof(T) == 4)
+    return {is_signed<T> ? _mm256_sra_epi32(a.v, count) : _mm256_srl_epi32(a.v, count)};
+  else
+    return {_mm256_srl_epi64(a.v, count)};
 }
 
 template <class T>
 NOX_INLINE V256<T> operator==(V256<T> a, V256<T> b) {
-  if constexpr (sizeof(T) == 1) return {_mm256_cmpeq_epi8(a.v, b.v)};
-  else if constexpr (sizeof(T) == 2) return {_mm256_cmpeq_epi16(a.v, b.v)};
-  else if constexpr (sizeof(T) == 4) return {_mm256_cmpeq_epi32(a.v, b.v)};
-  else return {_mm256_cmpeq_epi64(a.v, b.v)};
+  if constexpr (sizeof(T) == 1)
+    return {_mm256_cmpeq_epi8(a.v, b.v)};
+  else if constexpr (sizeof(T) == 2)
+    return {_mm256_cmpeq_epi16(a.v, b.v)};
+  else if constexpr (sizeof(T) == 4)
+    return {_mm256_cmpeq_epi32(a.v, b.v)};
+  else
+    return {_mm256_cmpeq_epi64(a.v, b.v)};
 }
 template <class T>
 NOX_INLINE V256<T> operator>(V256<T> a, V256<T> b) {
@@ -229,27 +288,39 @@ NOX_INLINE V256<T> operator>(V256<T> a, V256<T> b) {
     a = a ^ top;
     b = b ^ top;
   }
-  if constexpr (sizeof(T) == 1) return {_mm256_cmpgt_epi8(a.v, b.v)};
-  else if constexpr (sizeof(T) == 2) return {_mm256_cmpgt_epi16(a.v, b.v)};
-  else if constexpr (sizeof(T) == 4) return {_mm256_cmpgt_epi32(a.v, b.v)};
-  else return {_mm256_cmpgt_epi64(a.v, b.v)};
+  if constexpr (sizeof(T) == 1)
+    return {_mm256_cmpgt_epi8(a.v, b.v)};
+  else if constexpr (sizeof(T) == 2)
+    return {_mm256_cmpgt_epi16(a.v, b.v)};
+  else if constexpr (sizeof(T) == 4)
+    return {_mm256_cmpgt_epi32(a.v, b.v)};
+  else
+    return {_mm256_cmpgt_epi64(a.v, b.v)};
 }
 template <class T>
 NOX_INLINE V256<T> min(V256<T> a, V256<T> b) {
-  if constexpr (sizeof(T) == 1) return {is_signed<T> ? _mm256_min_epi8(a.v, b.v) : _mm256_min_epu8(a.v, b.v)};
-  else if constexpr (sizeof(T) == 2) return {is_signed<T> ? _mm256_min_epi16(a.v, b.v) : _mm256_min_epu16(a.v, b.v)};
-  else return {is_signed<T> ? _mm256_min_epi32(a.v, b.v) : _mm256_min_epu32(a.v, b.v)};
+  if constexpr (sizeof(T) == 1)
+    return {is_signed<T> ? _mm256_min_epi8(a.v, b.v) : _mm256_min_epu8(a.v, b.v)};
+  else if constexpr (sizeof(T) == 2)
+    return {is_signed<T> ? _mm256_min_epi16(a.v, b.v) : _mm256_min_epu16(a.v, b.v)};
+  else
+    return {is_signed<T> ? _mm256_min_epi32(a.v, b.v) : _mm256_min_epu32(a.v, b.v)};
 }
 template <class T>
 NOX_INLINE V256<T> max(V256<T> a, V256<T> b) {
-  if constexpr (sizeof(T) == 1) return {is_signed<T> ? _mm256_max_epi8(a.v, b.v) : _mm256_max_epu8(a.v, b.v)};
-  else if constexpr (sizeof(T) == 2) return {is_signed<T> ? _mm256_max_epi16(a.v, b.v) : _mm256_max_epu16(a.v, b.v)};
-  else return {is_signed<T> ? _mm256_max_epi32(a.v, b.v) : _mm256_max_epu32(a.v, b.v)};
+  if constexpr (sizeof(T) == 1)
+    return {is_signed<T> ? _mm256_max_epi8(a.v, b.v) : _mm256_max_epu8(a.v, b.v)};
+  else if constexpr (sizeof(T) == 2)
+    return {is_signed<T> ? _mm256_max_epi16(a.v, b.v) : _mm256_max_epu16(a.v, b.v)};
+  else
+    return {is_signed<T> ? _mm256_max_epi32(a.v, b.v) : _mm256_max_epu32(a.v, b.v)};
 }
 template <class T>
 NOX_INLINE V256<T> reverse(V256<T> a) {
-  if constexpr (sizeof(T) == 8) return {_mm256_permute4x64_epi64(a.v, 0x1B)};
-  else if constexpr (sizeof(T) == 4) return {_mm256_permutevar8x32_epi32(a.v, _mm256_set_epi32(0, 1, 2, 3, 4, 5, 6, 7))};
+  if constexpr (sizeof(T) == 8)
+    return {_mm256_permute4x64_epi64(a.v, 0x1B)};
+  else if constexpr (sizeof(T) == 4)
+    return {_mm256_permutevar8x32_epi32(a.v, _mm256_set_epi32(0, 1, 2, 3, 4, 5, 6, 7))};
   else {
     const __m256i swapped = _mm256_permute4x64_epi64(a.v, 0x4E);
     const __m128i order = sizeof(T) == 2 ? _mm_set_epi8(1, 0, 3, 2, 5, 4, 7, 6, 9, 8, 11, 10, 13, 12, 15, 14)

@@ -12,6 +12,7 @@
 /** Status of a call: one of the values of ::NoxStatusCode, as a signed 32-bit number. */
 typedef int32_t NoxStatus;
 
+/* clang-format off */
 /** The named status codes, in ascending order. */
 enum NoxStatusCode {
   noxStsCpuNotSupportedErr = -9999, /**< The target CPU is not supported */
@@ -150,5 +151,6 @@ enum NoxStatusCode {
   noxStsFeaturesCombination = 51, /**< Wrong combination of features */
   noxStsAccurateModeNotSupported = 52, /**< Accurate mode is not supported */
 };
+/* clang-format on */
 
 #endif
