@@ -34,6 +34,7 @@ Family move_family();
 Family vector_family();
 Family division_family();
 Family filter_family();
+Family transform_family();
 
 struct Participant {
   std::string who;

@@ -69,7 +69,7 @@ int main(int argc, char** argv) {
   }
   Harness harness(variant, quick, only);
   harness.load_peers(beside_program("nox_peers_" + variant + ".so"));
-  for (const Family& f : {move_family(), vector_family(), division_family(), filter_family()})
+  for (const Family& f : {move_family(), vector_family(), division_family(), filter_family(), transform_family()})
     if (family.empty() || family == f.name) harness.run(f);
   if (family.empty() || family == "startup") measure_startup(harness);
   if (!harness.write(out)) {

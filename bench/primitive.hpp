@@ -72,6 +72,20 @@ struct Bind<NoxStatus (*)(T*, int), F> {
   static constexpr int kSources = 0;
   static NoxStatus call(const Operands* o) { return F(d<T>(o), o->len); }
 };
+// One value of a spectrum, at a frequency where nothing is simple; the rest of the destination stays as it is.
+template <class T, NoxStatus (*F)(const T*, int, Nox64fc*, Nox64f)>
+struct Bind<NoxStatus (*)(const T*, int, Nox64fc*, Nox64f), F> {
+  using Element = T;
+  static constexpr int kSources = 1;
+  static NoxStatus call(const Operands* o) { return F(a<T>(o), o->len, d<Nox64fc>(o), kFrequency); }
+};
+// Two bands of half the length, one behind the other in the destination.
+template <class T, NoxStatus (*F)(const T*, int, T*, T*)>
+struct Bind<NoxStatus (*)(const T*, int, T*, T*), F> {
+  using Element = T;
+  static constexpr int kSources = 1;
+  static NoxStatus call(const Operands* o) { return F(a<T>(o), o->len, d<T>(o), d<T>(o) + (o->len + 1) / 2); }
+};
 // Bit copies: lengths count whole bytes, of which the last is left out to stay inside the arrays.
 template <NoxStatus (*F)(const Nox8u*, int, Nox8u*, int, int)>
 struct Bind<NoxStatus (*)(const Nox8u*, int, Nox8u*, int, int), F> {

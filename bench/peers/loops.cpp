@@ -1,4 +1,5 @@
-// Plain loops of the elementwise primitives, compiled by each compiler at -O3 for each instruction set.
+// Plain loops of the elementwise primitives and the one-shot transforms, compiled by each compiler at -O3 for each
+// instruction set.
 //
 // The build passes PEER, the set's name. To add a loop: one functor unless it exists, one line in the table.
 #include "bench/peers/shapes.hpp"
@@ -54,6 +55,50 @@ struct SquareRoot {
 struct Conjugate {
   static complex of(complex a) { return {a.re, -a.im}; }
 };
+
+// Goertzel's recurrence, in the order and with the last bits of the primitive's.
+PEER_OUT_OF_LINE void goertzel_real(const real* a, complex* value, int len, real frequency) {
+  const real phi = 6.283185307179586 * frequency, c = __builtin_cos(phi), s = __builtin_sin(phi), twice = c + c;
+  real s1 = 0, s2 = 0;
+  for (int i = 0; i < len; ++i) {
+    const real t = a[i] - s2;
+    s2 = s1;
+    s1 = s1 * twice + t;
+  }
+  *value = {c * s1 - s2, s * s1};
+}
+PEER_OUT_OF_LINE void goertzel_complex(const complex* a, complex* value, int len, real frequency) {
+  const real phi = 6.283185307179586 * frequency, c = __builtin_cos(phi), s = __builtin_sin(phi), twice = c + c;
+  complex s1 = {0, 0}, s2 = {0, 0};
+  for (int i = 0; i < len; ++i) {
+    const complex t = {a[i].re - s2.re, a[i].im - s2.im};
+    s2 = s1;
+    s1 = {s1.re * twice + t.re, s1.im * twice + t.im};
+  }
+  *value = {c * s1.re - s2.re - s * s1.im, c * s1.im - s2.im + s * s1.re};
+}
+void goertzel_of_reals(const Operands* o) { goertzel_real(in<real>(o->a), out<complex>(o), o->len, kFrequency); }
+void goertzel_of_complex(const Operands* o) {
+  goertzel_complex(in<complex>(o->a), out<complex>(o), o->len, kFrequency);
+}
+
+PEER_OUT_OF_LINE void haar_loop(const real* __restrict a, int len, real* __restrict low, real* __restrict high) {
+  for (int k = 0; k < len / 2; ++k) {
+    high[k] = (a[2 * k + 1] - a[2 * k]) * 0.5;
+    low[k] = high[k] + a[2 * k];
+  }
+  if (len % 2) low[len / 2] = a[len - 1];
+}
+PEER_OUT_OF_LINE void haar_back_loop(const real* __restrict low, const real* __restrict high, real* __restrict d,
+                                     int len) {
+  for (int k = 0; k < len / 2; ++k) {
+    d[2 * k] = low[k] - high[k];
+    d[2 * k + 1] = high[k] + low[k];
+  }
+  if (len % 2) d[len - 1] = low[len / 2];
+}
+void haar(const Operands* o) { haar_loop(in<real>(o->a), o->len, out<real>(o), out<real>(o) + (o->len + 1) / 2); }
+void haar_back(const Operands* o) { haar_back_loop(in<real>(o->a), in<real>(o->b), out<real>(o), o->len); }
 
 using u8 = unsigned char;
 using u16 = unsigned short;
@@ -123,6 +168,11 @@ const NamedLoop kLoops[] = {
     {"noxsConj_64fc", Shape<complex, Conjugate>::each},
     {"noxsConj_64fc_I", Shape<complex, Conjugate>::each_in_place},
     {"noxsConjFlip_64fc", Shape<complex, Conjugate>::reversed},
+
+    {"noxsGoertz_64f", goertzel_of_reals},
+    {"noxsGoertz_64fc", goertzel_of_complex},
+    {"noxsWTHaarFwd_64f", haar},
+    {"noxsWTHaarInv_64f", haar_back},
 
     {"noxsSet_8u", Shape<u8, Keep>::fill},
     {"noxsSet_16s", Shape<s16, Keep>::fill},

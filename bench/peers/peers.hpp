@@ -14,6 +14,8 @@ struct Operands {
   int taps_len;
 };
 
+constexpr double kFrequency = 0.123;  // relative, of the spectral values
+
 using Loop = void (*)(const Operands*);
 
 struct NamedLoop {

@@ -131,6 +131,23 @@ noxsFIROne_64fc_Idx(Nox64fc val, Nox64fc* pDstVal, const NoxFirSpec* pSpec, NOX_
                     int dlySrcIdx, NOX_NULLABLE Nox64fc pDlyDst[], int dlyDstIdx, NOX_NULLABLE Nox8u pBuf[],
                     int bufIdx);
 
+/**
+ * @brief Two spectral values of one array: noxsGoertz_64f() at pFreqs[0] into pVal[0], at pFreqs[1] into pVal[1].
+ * @param pSrc    base of the source
+ * @param srcIdx  index of the first element
+ * @param len     number of elements
+ * @param pVal    takes the two values; one whose frequency is refused stays as it was
+ * @param pFreqs  the two frequencies relative to the sampling rate, each from 0 to below 1
+ * @return the status of the second value alone, so a refused pFreqs[0] goes unnoticed: ::noxStsNullPtrErr for a null
+ *         address or pFreqs, then ::noxStsSizeErr for @p len below 1, then ::noxStsRelFreqErr for pFreqs[1] below 0 or
+ *         not below 1; otherwise ::noxStsNoErr
+ */
+NOX_API(NoxStatus)
+noxsGoertzTwo_64f_Idx(const Nox64f pSrc[], int srcIdx, int len, Nox64fc* pVal, const Nox64f* pFreqs);
+/** @copydoc noxsGoertzTwo_64f_Idx */
+NOX_API(NoxStatus)
+noxsGoertzTwo_64fc_Idx(const Nox64fc pSrc[], int srcIdx, int len, Nox64fc* pVal, const Nox64f* pFreqs);
+
 NOX_END_DECLS
 
 #endif
