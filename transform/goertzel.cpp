@@ -5,22 +5,13 @@
 // imaginary lane of a real array stays zero.
 #include "core/body.hpp"
 #include "core/simd/c64.hpp"
+#include "vmath/vmath.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
 namespace {
 
 constexpr Nox64f kTwoPi = 6.283185307179586;
-
-struct Direction {
-  Nox64f cosine, sine;
-};
-// Cosine and sine of an angle within one turn, by the processor's own instruction; a NaN gives NaN.
-NOX_INLINE Direction direction(Nox64f angle) {
-  long double cosine, sine;
-  asm("fsincos" : "=t"(cosine), "=u"(sine) : "0"(static_cast<long double>(angle)));
-  return {static_cast<Nox64f>(cosine), static_cast<Nox64f>(sine)};
-}
 
 NOX_INLINE F64x2 parts_at(const Nox64f* p) { return {F64x1::load(p).v}; }  // a load of one lane zeroes the other
 NOX_INLINE F64x2 parts_at(const Nox64fc* p) { return F64x2::load(&p->re); }
@@ -29,23 +20,24 @@ template <class T>
 NOX_INLINE NoxStatus goertz(const T* s, int len, Nox64fc* value, Nox64f frequency) {
   if (const NoxStatus st = check(len, s, value)) return st;
   if (frequency < 0 || frequency >= 1) return noxStsRelFreqErr;
-  const Direction w = direction(kTwoPi * frequency);
-  const F64x2 twice = F64x2::all(w.cosine + w.cosine);
+  Nox64f sine, cosine;
+  sincos_one(&sine, &cosine, kTwoPi * frequency);
+  const F64x2 twice = F64x2::all(cosine + cosine);
   F64x2 s1 = F64x2::zero(), s2 = F64x2::zero();
   // Two steps an iteration: they change the two names for each other, and no register need be copied.
-  const T* const end = s + len;
-  for (; end - s >= 2; s += 2) {
+  int left = len;
+  for (; left >= 2; left -= 2, s += 2) {
     s2 = madd(s1, twice, parts_at(s) - s2);
     s1 = madd(s2, twice, parts_at(s + 1) - s1);
   }
-  if (s != end) {
+  if (left > 0) {
     const F64x2 last = madd(s1, twice, parts_at(s) - s2);
     s2 = s1;
     s1 = last;
   }
   // (c s1.re - s2.re) + (-s) s1.im and (c s1.im - s2.im) + s s1.re, every step rounded in all builds.
-  const F64x2 sines = parts(C64x1::all({-w.sine, w.sine}));
-  const F64x2 sum = (F64x2::all(w.cosine) * s1 - s2) + sines * reverse(s1);
+  const F64x2 sines = parts(C64x1::all({-sine, sine}));
+  const F64x2 sum = (F64x2::all(cosine) * s1 - s2) + sines * reverse(s1);
   complex<C64x1>(sum).store(value);
   return noxStsNoErr;
 }
