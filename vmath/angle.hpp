@@ -16,7 +16,9 @@ struct Angle {
 };
 
 constexpr double kTurnsShift = 0x1.8p52;
-constexpr double kFarAngle = 0x1p24;  // n has 24 bits up to here
+// Up to here every step of the short reduction is as exact as said there: without fused instructions n may have 24
+// bits.
+constexpr double kFarAngle = variant.fuses ? 0x1p36 : 0x1p24;
 constexpr double kTwoOverPi = 0x1.45f306dc9c883p-1;
 
 // The parts of pi/2 for the build that fuses: three doubles, each the nearest to what is left.

@@ -68,6 +68,7 @@ const std::vector<Range>& ranges() {
       r.push_back({f, "-10 to 10", [] { return Point{uniform(-10, 10), 0}; }});
       r.push_back({f, "to 2^24", [] { return Point{sign() * spread(-30, 24), 0}; }});
       r.push_back({f, "beside k pi/4, k to 2^24", [] { return Point{near_quarter(0x1p23), 0}; }});
+      r.push_back({f, "beside k pi/4, k to 2^36", [] { return Point{near_quarter(0x1p35), 0}; }});
       r.push_back({f, "2^24 to the largest", [] { return Point{sign() * spread(24, 1024), 0}; }});
     }
     r.push_back({"logarithm", "1/2 to 2", [] { return Point{uniform(0.5, 2), 0}; }});

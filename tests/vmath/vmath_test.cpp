@@ -78,6 +78,7 @@ TEST_P(Vmath, SineAndCosineKeepTheirBitsWhereTheAngleCancels) {
                {0x1.b951f1572eba5p+23, -0x1p0, -0x1.f54f5227a4e84p-60},
                {0x1.39c6fd67805a7p+18, -0x1p0, -0x1.988efe18ff83fp-55},
                {0x1.9eb7148f354d6p+20, 0x1p0, -0x1.d0afa32c646cap-55},
+               {0x1.b951f1572eba5p+26, -0x1.f54f5227a4e84p-57, 0x1p0},
                {0x1p24, -0x1.8f22f8433d6eep-1, 0x1.40ad67f3f0c9ap-1},
                {0x1.0000000000001p24, -0x1.8f22f82f32986p-1, 0x1.40ad680ce2f92p-1},
                {kMost, 0x1.452fc98b34e97p-8, -0x1.fffe62ecfab75p-1}};
