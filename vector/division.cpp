@@ -1,20 +1,15 @@
 // Division of Nox64f and Nox64fc arrays: the first array is the divisor.
 //
-// Division is the slow operation, so one serves several quotients: four vectors of real divisors are multiplied up and
-// each reciprocal is won back from that of the product, and two vectors of squared magnitudes share likewise. A block
-// whose divisors could carry a product out of the normal range, or hold a zero or a NaN, is divided one by one.
+// Division is the slow operation, so one serves several quotients. Four vectors of real divisors are multiplied up and
+// each reciprocal is won back from that of the product; a block whose divisors could carry a product out of the normal
+// range, or hold a zero or a NaN, is divided one by one. Complex values share theirs between the two parts, on vectors
+// of real parts and of imaginary parts.
 #include "core/body.hpp"
 #include "core/drivers.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
 namespace {
-
-// Whether every lane lies between the bounds; a lane that is no number doesn't.
-template <class V, class... M>
-NOX_INLINE bool all_within(Nox64f low, Nox64f high, M... m) {
-  return mask_bits(((V::all(low) <= m) & ...) & ((m <= V::all(high)) & ...)) == (1 << V::N) - 1;
-}
 
 // True quotients, with the rule for a zero divisor of either sign: the dividend times +infinity.
 template <class V>
@@ -57,62 +52,38 @@ NOX_INLINE NoxStatus divide_reals(const Nox64f* by, const Nox64f* x, Nox64f* d, 
   return zeros.any() ? noxStsDivByZero : noxStsNoErr;
 }
 
-// The squared magnitudes of two vectors of complex values, and reciprocals in the same order spread back over them.
-template <class C, class P = parts_of<C>>
-NOX_INLINE P squared_magnitudes(C a, C b) {
-  const P aa = parts(a) * parts(a), bb = parts(b) * parts(b);
-  return low_halves(aa, bb) + high_halves(aa, bb);
-}
-
-// 1 / m; where m is zero, a NaN.
-template <class P>
-NOX_INLINE P reciprocal_or_nan(P m, Watch<f64>& zeros) {
-  const P zero = m == P::zero();
+// Replaces the parts of x = re + i*im by those of x / (c + i*d): (re*c + im*d)/m + i(im*c - re*d)/m, m = c*c + d*d, by
+// the reciprocal of m; where m is zero, NaNs.
+template <class V>
+NOX_INLINE void divide(V& re, V& im, V c, V d, Watch<f64>& zeros) {
+  const V m = c * c + d * d;
+  const V zero = m == V::zero();
   zeros.see(zero);
-  return (P::all(1.0) / m) | zero;
-}
-
-// x / by, given 1 / |by|^2 in both lanes of each value: (ac + bd) + i(bc - ad) times that.
-template <class C, class P = parts_of<C>>
-NOX_INLINE C quotient(C x, C by, P reciprocal) {
-  const C product = sub_add(complex<C>(parts(x) * parts(re_twice(by))),
-                            complex<C>(parts(swap_parts(x)) * negate(parts(im_twice(by)))));
-  return complex<C>(parts(product) * reciprocal);
-}
-
-// Quotients of two vectors that share a vector of reciprocals.
-template <class C, class P = parts_of<C>>
-NOX_INLINE void quotients(const Nox64fc* by, const Nox64fc* x, Nox64fc* d, P reciprocals) {
-  const C q0 = quotient(C::load(x), C::load(by), low_halves(reciprocals, reciprocals));
-  const C q1 = quotient(C::load(x + C::N), C::load(by + C::N), high_halves(reciprocals, reciprocals));
-  store_run<C>(d, q0, q1);
-}
-
-// Four vectors of quotients at d, of x by `by`.
-template <class C, class P = parts_of<C>>
-NOX_INLINE void divide_block(const Nox64fc* by, const Nox64fc* x, Nox64fc* d, Watch<f64>& zeros) {
-  // Two factors between 2^-510 and 2^510 leave the product and its reciprocal normal.
-  constexpr Nox64f kLow = 0x1p-510, kHigh = 0x1p510;
-  const P m0 = squared_magnitudes(C::load(by), C::load(by + C::N));
-  const P m1 = squared_magnitudes(C::load(by + 2 * C::N), C::load(by + 3 * C::N));
-  const bool usual = all_within<P>(kLow, kHigh, m0, m1);
-  const P r = usual ? P::all(1.0) / (m0 * m1) : P::zero();
-  const P r0 = usual ? r * m1 : reciprocal_or_nan(m0, zeros), r1 = usual ? r * m0 : reciprocal_or_nan(m1, zeros);
-  quotients<C>(by, x, d, r0);
-  quotients<C>(by + 2 * C::N, x + 2 * C::N, d + 2 * C::N, r1);
+  const V r = (V::all(1.0) / m) | zero;
+  const V product = (re * c + im * d) * r;
+  im = (im * c - re * d) * r;
+  re = product;
 }
 
 NOX_INLINE NoxStatus divide_complex(const Nox64fc* by, const Nox64fc* x, Nox64fc* d, int len) {
   if (const NoxStatus st = check(len, by, x, d)) return st;
   using C = c64::vec;
+  using V = parts_of<C>;
   const size_t n = static_cast<size_t>(len);
   Watch<f64> zeros;
   size_t i = 0;
-  for (; n - i >= 4 * C::N; i += 4 * C::N) divide_block<C>(by + i, x + i, d + i, zeros);
+  for (; n - i >= 2 * C::N; i += 2 * C::N) {
+    const V x0 = parts(C::load(x + i)), x1 = parts(C::load(x + i + C::N));
+    const V by0 = parts(C::load(by + i)), by1 = parts(C::load(by + i + C::N));
+    V re = low_halves(x0, x1), im = high_halves(x0, x1);
+    divide(re, im, low_halves(by0, by1), high_halves(by0, by1), zeros);
+    store_run<C>(d + i, complex<C>(low_halves(re, im)), complex<C>(high_halves(re, im)));
+  }
   for (; i < n; ++i) {
-    const C64x1 b = C64x1::load(by + i);
-    const F64x2 squares = parts(b) * parts(b), m = low_halves(squares, squares) + high_halves(squares, squares);
-    quotient(C64x1::load(x + i), b, reciprocal_or_nan(m, zeros)).store(d + i);
+    F64x1 re = F64x1::load(&x[i].re), im = F64x1::load(&x[i].im);
+    divide(re, im, F64x1::load(&by[i].re), F64x1::load(&by[i].im), zeros);
+    re.store(&d[i].re);
+    im.store(&d[i].im);
   }
   return zeros.any() ? noxStsDivByZero : noxStsNoErr;
 }

@@ -141,8 +141,8 @@ NOX_API(NoxStatus) noxsDiv_64f(const Nox64f pSrc1[], const Nox64f pSrc2[], Nox64
  * @brief Element-wise quotient, second array by first: `pDst[i] = pSrc2[i] / pSrc1[i]`.
  *
  * With divisor c + id, dividend a + ib and m = c*c + d*d the result is (ac + bd)/m + i(bc - ad)/m, by the
- * reciprocal of m, which two elements share; it is not scaled against overflow of m. A zero m gives NaN in both
- * parts. Up to 4 units in the last place of the exact rule, and different between builds.
+ * reciprocal of m; it is not scaled against overflow of m. A zero m gives NaN in both parts. Each part is within 4
+ * units in the last place of (|ac| + |bd|)/m or (|bc| + |ad|)/m; equal in all builds.
  * @param pSrc1  array of @p len elements, the divisors
  * @param pSrc2  array of @p len elements, the dividends
  * @param pDst   array of @p len elements; may be one of the sources
@@ -415,9 +415,9 @@ NOX_API(NoxStatus) noxsSqrt_64f_I(Nox64f pSrcDst[], int len);
 /**
  * @brief Square root of each element.
  *
- * The principal root, by s = sqrt(|re|/2 + sqrt((re/2)^2 + (im/2)^2)) and t = |im/2| / s, of which two elements share one
- * reciprocal: s + it for re >= 0, t + is otherwise, im negated where im < 0 (a negative zero isn't). A few units in
- * the last place, and different between builds; squares that underflow are lost.
+ * The principal root, by s = sqrt(|re|/2 + sqrt((re/2)^2 + (im/2)^2)) and t = |im/2| / s: s + it for
+ * re >= 0, t + is otherwise, im negated where im < 0 (a negative zero isn't). A few units in the last place; squares
+ * that underflow are lost.
  * @param pSrc  array of @p len elements
  * @param pDst  array of @p len elements; may be the source
  * @param len   number of elements
