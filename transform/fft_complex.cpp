@@ -28,7 +28,7 @@ constexpr Nox32s reversal_bytes_of_large(int order) {
 }
 constexpr Nox32s level_bytes(int order) {
   const int row = order - fft_variant.cut(order).s;
-  return array_bytes(order) / 2 + (row <= fft_variant.middleLast ? stage_bytes(row) : level_bytes(row));
+  return array_bytes(order - 1) + (row <= fft_variant.middleLast ? stage_bytes(row) : level_bytes(row));
 }
 constexpr Nox32s max(Nox32s a, Nox32s b) { return a < b ? b : a; }
 constexpr Nox32s work_of_large(int order) {
