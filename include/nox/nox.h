@@ -8,6 +8,7 @@
 #include "nox/filter.h"
 #include "nox/index.h"
 #include "nox/status.h"
+#include "nox/transform.h"
 #include "nox/types.h"
 #include "nox/vector.h"
 
