@@ -148,6 +148,50 @@ noxsGoertzTwo_64f_Idx(const Nox64f pSrc[], int srcIdx, int len, Nox64fc* pVal, c
 NOX_API(NoxStatus)
 noxsGoertzTwo_64fc_Idx(const Nox64fc pSrc[], int srcIdx, int len, Nox64fc* pVal, const Nox64f* pFreqs);
 
+/**
+ * @brief Makes a handle for cosine transforms of one length; free it with noxsDCTFree_64f_Idx().
+ * @param ppHandle  takes the handle; left alone on an error
+ * @param len       number of elements, at least 1
+ * @param hint      stored, without effect
+ * @return the status of the size query, with nothing allocated, or that of the Init, with all freed again
+ */
+NOX_API(NoxStatus) noxsDCTFwdInitAlloc_64f_Idx(NoxDctHandle** ppHandle, int len, int hint);
+/** @copydoc noxsDCTFwdInitAlloc_64f_Idx */
+NOX_API(NoxStatus) noxsDCTInvInitAlloc_64f_Idx(NoxDctHandle** ppHandle, int len, int hint);
+
+/**
+ * @brief Transforms like noxsDCTFwd_64f() or noxsDCTInv_64f(), with spec and work buffer of the handle.
+ * @param pSrc     base of the source
+ * @param srcIdx   index of its first element
+ * @param pDst     base of the destination
+ * @param dstIdx   index of its first element
+ * @param pHandle  handle of the InitAlloc of the same direction; one call at a time
+ * @return ::noxStsNullPtrErr for a null address, then ::noxStsContextMatchErr for a handle of the other direction;
+ *         otherwise ::noxStsNoErr
+ */
+NOX_API(NoxStatus)
+noxsDCTFwd_64f_Idx(const Nox64f pSrc[], int srcIdx, Nox64f pDst[], int dstIdx, NoxDctHandle* pHandle);
+/** @copydoc noxsDCTFwd_64f_Idx */
+NOX_API(NoxStatus)
+noxsDCTInv_64f_Idx(const Nox64f pSrc[], int srcIdx, Nox64f pDst[], int dstIdx, NoxDctHandle* pHandle);
+
+/**
+ * @brief Transforms in place, like noxsDCTFwd_64f_Idx().
+ * @param pSrcDst    base of the array
+ * @param srcDstIdx  index of its first element
+ * @param pHandle    handle of the InitAlloc of the same direction; one call at a time
+ * @return as noxsDCTFwd_64f_Idx()
+ */
+NOX_API(NoxStatus) noxsDCTFwd_64f_I_Idx(Nox64f pSrcDst[], int srcDstIdx, NoxDctHandle* pHandle);
+/** @copydoc noxsDCTFwd_64f_I_Idx */
+NOX_API(NoxStatus) noxsDCTInv_64f_I_Idx(Nox64f pSrcDst[], int srcDstIdx, NoxDctHandle* pHandle);
+
+/**
+ * @brief Frees a handle of noxsDCTFwdInitAlloc_64f_Idx() or noxsDCTInvInitAlloc_64f_Idx() with all that belongs to it.
+ * @param pHandle  the handle, or null, which is ignored
+ */
+NOX_API(void) noxsDCTFree_64f_Idx(NoxDctHandle* pHandle);
+
 NOX_END_DECLS
 
 #endif

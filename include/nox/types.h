@@ -85,6 +85,12 @@ typedef struct NoxLibraryVersion {
 /** Spec record of the single-rate FIR filter; read-only after its Init, so it may be shared by threads. */
 typedef struct NoxFirSpec NoxFirSpec;
 
+/** Spec record of a cosine transform; read-only after its Init, so it may be shared by threads. */
+typedef struct NoxDctSpec NoxDctSpec;
+
+/** Handle of a one-call cosine transform: spec and work buffer behind one pointer. */
+typedef struct NoxDctHandle NoxDctHandle;
+
 /** Handle of a one-call filter: spec, delay lines and work buffer behind one pointer. */
 typedef struct NoxFilterHandle NoxFilterHandle;
 

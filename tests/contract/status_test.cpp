@@ -47,6 +47,21 @@ constexpr Exception kExceptions[] = {
     // A null work buffer stays null whatever its index, and is then refused.
     {"noxsFIROne_64f_Idx", kRequired, "pBuf"},
     {"noxsFIROne_64fc_Idx", kRequired, "pBuf"},
+    // The length decides what memory is needed: a work buffer is refused when a spec that needs it is seen.
+    {"noxsDCTFwdGetSize_64f", kLengthFirst, nullptr},
+    {"noxsDCTInvGetSize_64f", kLengthFirst, nullptr},
+    {"noxsDCTFwdInit_64f", kLengthFirst | kOptional, "pInitMem"},
+    {"noxsDCTInvInit_64f", kLengthFirst | kOptional, "pInitMem"},
+    {"noxsDCTFwd_64f", kOptional, "pWork"},
+    {"noxsDCTInv_64f", kOptional, "pWork"},
+    {"noxsDCTFwd_64f_I", kOptional, "pWork"},
+    {"noxsDCTInv_64f_I", kOptional, "pWork"},
+    {"noxsDCTFwdInitAlloc_64f_Idx", kUntested, nullptr},
+    {"noxsDCTInvInitAlloc_64f_Idx", kUntested, nullptr},
+    {"noxsDCTFwd_64f_Idx", kUntested, nullptr},
+    {"noxsDCTInv_64f_Idx", kUntested, nullptr},
+    {"noxsDCTFwd_64f_I_Idx", kUntested, nullptr},
+    {"noxsDCTInv_64f_I_Idx", kUntested, nullptr},
     // The raw words of the identification are on demand.
     {"noxGetCpuFeatures", kOptional, "pCpuidInfoRegs"},
 };

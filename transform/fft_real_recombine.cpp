@@ -1,0 +1,144 @@
+// The recombination: pairs k and M - k of the half-length spectrum, M = N/2, to the same pairs of the real data's.
+//
+// Pairs walk towards the middle two at a time, real and imaginary parts in separate vectors; the middle value is a pair
+// with itself. A plain table holds two factors for each k up to N/4, in groups (a[k], a[k+1], b[k], b[k+1]) for odd k.
+// A two-level table holds the factors e^(-2*pi*i*k/N) of k = 1 to 512 in such groups and, behind them, those of the
+// multiples of 512: a long table would cost more memory traffic than the product of two short ones.
+#include "core/simd/f64.hpp"
+#include "transform/fft_real.hpp"
+#include "transform/sine.hpp"
+
+namespace nox {
+inline namespace NOX_VARIANT {
+namespace {
+
+constexpr size_t kFine = 512, kFineDoubles = 2 * kFine;
+
+using V = F64x2;
+
+// Two complex values apart.
+struct Two {
+  V re, im;
+};
+NOX_INLINE Two load_up(const Nox64f* z) {
+  const V a = V::load(z), b = V::load(z + 2);
+  return {low_halves(a, b), high_halves(a, b)};
+}
+NOX_INLINE Two load_down(const Nox64f* z) {
+  const V a = V::load(z), b = V::load(z - 2);
+  return {low_halves(a, b), high_halves(a, b)};
+}
+NOX_INLINE void store_up(Nox64f* z, Two x) {
+  low_halves(x.re, x.im).store(z);
+  high_halves(x.re, x.im).store(z + 2);
+}
+NOX_INLINE void store_down(Nox64f* z, Two x) {
+  low_halves(x.re, x.im).store(z);
+  high_halves(x.re, x.im).store(z - 2);
+}
+
+// Rules for x = Z[k], y = Z[M - k] and the factors (a, b); each leaves the new pair in x and y.
+struct ForwardPlain {  // a = cos/2, b = (1 - sin)/2
+  static NOX_INLINE void apply(Two& x, Two& y, V a, V b) {
+    const V d = x.re - y.re, t = x.im + y.im;
+    const V u = madd(a, t, b * d), v = b * t - a * d;
+    const Two up{y.re + u, v - y.im}, down{x.re - u, v - x.im};
+    x = up;
+    y = down;
+  }
+};
+// The pair of sums and differences turned by u and v.
+NOX_INLINE void join(Two& x, Two& y, V u, V v) {
+  const V re = x.re + y.re, im = x.im - y.im;
+  x = {re + u, v + im};
+  y = {re - u, v - im};
+}
+struct Forward {  // a = cos, b = -sin
+  static NOX_INLINE void apply(Two& x, Two& y, V a, V b) {
+    const V half = V::all(0.5);
+    x = {x.re * half, x.im * half};
+    y = {y.re * half, y.im * half};
+    const V d = x.re - y.re, t = x.im + y.im;
+    join(x, y, madd(a, t, b * d), b * t - a * d);
+  }
+};
+struct Inverse {  // a = cos, b = -sin
+  static NOX_INLINE void apply(Two& x, Two& y, V a, V b) {
+    const V d = x.re - y.re, t = x.im + y.im;
+    join(x, y, b * d - a * t, madd(a, d, b * t));
+  }
+};
+
+template <class Rule>
+NOX_INLINE void pair(const Nox64f* s, Nox64f* d, size_t low, size_t high, V a, V b) {
+  Two x = load_up(s + 2 * low), y = load_down(s + 2 * high);
+  Rule::apply(x, y, a, b);
+  store_up(d + 2 * low, x);
+  store_down(d + 2 * high, y);
+}
+
+template <class Rule>
+NOX_INLINE void recombine(size_t m, const Nox64f* table, const Nox64f* s, Nox64f* d) {
+  for (size_t k = 1; k <= m / 2; k += 2, table += 4) pair<Rule>(s, d, k, m - k, V::load(table), V::load(table + 2));
+}
+template <class Rule>
+NOX_INLINE void recombine_two_level(size_t m, const Nox64f* table, const Nox64f* s, Nox64f* d) {
+  const Nox64f* coarse = table + kFineDoubles;
+  for (size_t base = 0; base < m / 2; base += kFine, coarse += 2) {
+    const V cc = V::all(coarse[0]), ss = V::all(coarse[1]);
+    const Nox64f* fine = table;
+    for (size_t k = base + 1; k < base + kFine; k += 2, fine += 4) {
+      const V c = V::load(fine), w = V::load(fine + 2);
+      pair<Rule>(s, d, k, m - k, cc * c - ss * w, madd(cc, w, ss * c));
+    }
+  }
+}
+
+}  // namespace
+
+void make_recombination(int order, Nox64f* forward, Nox64f* inverse) {
+  const Nox32u n = Nox32u{1} << order;
+  const bool plain = order < real_fft_range.two_level;
+  for (Nox32u k = 1; k <= (plain ? n / 4 : Nox32u{kFine}); ++k) {
+    const Turn w = turn(k, n);
+    const size_t at = 4 * size_t{(k - 1) / 2} + (k - 1) % 2;
+    forward[at] = plain ? 0.5 * w.cosine : w.cosine;
+    forward[at + 2] = plain ? 0.5 - 0.5 * w.sine : -w.sine;
+    inverse[at] = w.cosine;
+    inverse[at + 2] = -w.sine;
+  }
+  if (plain) return;
+  Nox64f* const both[] = {forward, inverse};
+  for (Nox32u j = 0; j < n / 4 / kFine; ++j) {
+    const Turn w = turn(j * Nox32u{kFine}, n);
+    for (Nox64f* const table : both) {
+      table[kFineDoubles + 2 * j] = w.cosine;
+      table[kFineDoubles + 2 * j + 1] = -w.sine;
+    }
+  }
+}
+
+void recombine_forward(int order, const Nox64f* table, Nox64f* d) {
+  const Nox64f a = d[0], b = d[1];
+  d[0] = a + b;
+  d[1] = a - b;
+  const size_t m = size_t{1} << (order - 1);
+  if (order < real_fft_range.two_level)
+    recombine<ForwardPlain>(m, table, d, d);
+  else
+    recombine_two_level<Forward>(m, table, d, d);
+}
+
+void recombine_inverse(int order, const Nox64f* table, const Nox64f* s, Nox64f* d) {
+  const Nox64f a = s[0], b = s[1];
+  d[0] = a + b;
+  d[1] = a - b;
+  const size_t m = size_t{1} << (order - 1);
+  if (order < real_fft_range.two_level)
+    recombine<Inverse>(m, table, s, d);
+  else
+    recombine_two_level<Inverse>(m, table, s, d);
+}
+
+}  // namespace NOX_VARIANT
+}  // namespace nox
