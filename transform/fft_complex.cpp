@@ -45,7 +45,8 @@ constexpr FftSizes sizes_of(int order) {
   const Nox32s sine = (1 << order) * 2 + 8, init = order <= kSineTableOrder ? 0 : to64(sine) + kSlack;
   if (order <= fft_variant.middleLast)
     return {stage_bytes(order) + reversal_bytes(order) + kTablesAt + kSlack, init, to64(array_bytes(order)) + kSlack};
-  return {level_bytes(order) + reversal_bytes_of_large(order) + kTablesAt + kSlack, init, work_of_large(order) + kSlack};
+  return {level_bytes(order) + reversal_bytes_of_large(order) + kTablesAt + kSlack, init,
+          work_of_large(order) + kSlack};
 }
 
 constexpr bool is_flag(int flag) { return flag == 1 || flag == 2 || flag == 4 || flag == 8; }

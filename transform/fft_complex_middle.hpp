@@ -46,7 +46,8 @@ NOX_INLINE void store_four(Nox64f* d, size_t apart, C64x2 a, C64x2 b, C64x2 c, C
 }
 #endif
 
-// The butterfly of 4, or 8, legs in bit-reversed order; leg(j) loads leg j, of two butterflies where a vector holds two.
+// The butterfly of 4, or 8, legs in bit-reversed order; leg(j) loads leg j, of two butterflies where a vector holds
+// two.
 template <bool Inverse, int Radix, class Leg>
 NOX_INLINE void first_butterfly(Nox64f* d, size_t apart, Leg&& leg) {
   using C = c64::vec;
@@ -107,7 +108,8 @@ NOX_INLINE void ordered_pass(Nox64f* data, int order) {
 // ---- radix-4 passes
 // `count` butterflies one behind the other, their legs `from` doubles apart in the source and `to` in the destination.
 template <bool Inverse, Form form>
-NOX_INLINE void butterflies(const Nox64f* src, size_t from, Nox64f* dst, size_t to, const Nox64f* twiddles, size_t count) {
+NOX_INLINE void butterflies(const Nox64f* src, size_t from, Nox64f* dst, size_t to, const Nox64f* twiddles,
+                            size_t count) {
   using V = f64::vec;
   for (size_t k = 0; k < count; k += V::N) {
     const auto twiddle = [&](int slot) { return load_twiddles<V, kTwiddleGroup>(twiddles + slot); };
@@ -161,7 +163,8 @@ void middle_row(Nox64f* row, int order, const Nox64f* twiddles) {
 }
 
 NOX_INLINE void scale_all(Nox64f* p, size_t doubles, Nox64f by) {
-  map<f64>(p, static_cast<int>(doubles), [by](auto x) { return x * decltype(x)::all(by); }, p);
+  map<f64>(
+      p, static_cast<int>(doubles), [by](auto x) { return x * decltype(x)::all(by); }, p);
 }
 
 }  // namespace NOX_VARIANT

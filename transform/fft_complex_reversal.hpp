@@ -109,7 +109,8 @@ inline void reverse_by_tiles_in_place(Nox64fc* data, const Tiles& tiles, Nox64fc
 inline void copy_in_chunks(const Nox64fc* src, Nox64fc* dst, int order) {
   const size_t bytes = sizeof(Nox64fc) << order;
   for (size_t at = 0; at < bytes; at += fft_variant.copyChunk)
-    copy_bytes(behind(dst, at), behind(src, at), bytes - at < fft_variant.copyChunk ? bytes - at : fft_variant.copyChunk);
+    copy_bytes(behind(dst, at), behind(src, at),
+               bytes - at < fft_variant.copyChunk ? bytes - at : fft_variant.copyChunk);
 }
 
 inline void reverse_all(const Nox64fc* src, Nox64fc* dst, int order, const void* memory, Nox64fc* work) {

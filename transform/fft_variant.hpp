@@ -26,13 +26,13 @@ enum class FftMove : Nox8u {
 };
 
 struct FftVariant {
-  int directLast;      // largest order of the straight-line routines
-  int middleLast;      // largest order that runs without columns
-  int tiledFrom;       // smallest order reversed by tiles
-  FftCut cuts[14];     // of the orders 14 to 27
-  FftMove moves[14];   // likewise
-  size_t copyChunk;    // bytes that one call copies in front of a reversal in place
-  bool limitAtOnce;    // an order above the limit is refused before a bad flag is
+  int directLast;     // largest order of the straight-line routines
+  int middleLast;     // largest order that runs without columns
+  int tiledFrom;      // smallest order reversed by tiles
+  FftCut cuts[14];    // of the orders 14 to 27
+  FftMove moves[14];  // likewise
+  size_t copyChunk;   // bytes that one call copies in front of a reversal in place
+  bool limitAtOnce;   // an order above the limit is refused before a bad flag is
   constexpr FftCut cut(int order) const { return cuts[order - 14]; }
   constexpr FftMove move(int order) const { return moves[order - 14]; }
 };
@@ -41,30 +41,54 @@ namespace fft_variants {
 constexpr FftMove kTable = FftMove::Table, kCopied = FftMove::CopyTable, kTiles = FftMove::Tiles,
                   kCopiedTiles = FftMove::CopyTiles;
 
-constexpr FftVariant w7{
-    5, 13, 16,
-    {{4, 8}, {4, 8}, {4, 10}, {4, 10}, {6, 12}, {6, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}},
-    {kTable, kCopied, kTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles,
-     kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles},
-    2097152, false};
+constexpr FftVariant w7{5,
+                        13,
+                        16,
+                        {{4, 8},
+                         {4, 8},
+                         {4, 10},
+                         {4, 10},
+                         {6, 12},
+                         {6, 13},
+                         {8, 13},
+                         {8, 13},
+                         {8, 13},
+                         {8, 13},
+                         {8, 13},
+                         {8, 13},
+                         {8, 13},
+                         {8, 13}},
+                        {kTable, kCopied, kTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles,
+                         kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles},
+                        2097152,
+                        false};
 constexpr FftVariant s8{
-    5, 16, 18,
+    5,
+    16,
+    18,
     {{}, {}, {}, {6, 10}, {6, 10}, {6, 10}, {6, 10}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}},
     {kTable, kTable, kTable, kTable, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles,
      kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles},
-    67108864, false};
+    67108864,
+    false};
 constexpr FftVariant p8{
-    5, 16, 18,
+    5,
+    16,
+    18,
     {{}, {}, {}, {4, 10}, {4, 10}, {4, 10}, {6, 12}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}},
     {kTable, kTable, kTable, kTable, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles,
      kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles},
-    67108864, false};
+    67108864,
+    false};
 constexpr FftVariant g9{
-    6, 17, 18,
+    6,
+    17,
+    18,
     {{}, {}, {}, {}, {4, 9}, {4, 9}, {4, 9}, {4, 9}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}},
     {kTable, kTable, kTable, kTable, kTiles, kTiles, kTiles, kTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles,
      kCopiedTiles, kCopiedTiles, kCopiedTiles},
-    67108864, false};
+    67108864,
+    false};
 constexpr FftVariant like(FftVariant v, bool limitAtOnce) {
   v.limitAtOnce = limitAtOnce;
   return v;
