@@ -1,4 +1,7 @@
 // The complex transform: sizes of the memory, the spec and its tables, the choice of the engine's range.
+//
+// A build that makes plans has the four operations in the plans' files, and nothing of this engine.
+#if NOX_LEVEL < 4 || !__has_include("transform/fft_plan.hpp")
 #include "transform/fft_complex_direct.hpp"
 #include "transform/fft_complex_large.hpp"
 
@@ -171,3 +174,4 @@ NoxStatus noxsCplxFftInv(const Nox64fc* pSrc, Nox64fc* pDst, const NoxFftSpec* p
 
 }  // namespace NOX_VARIANT
 }  // namespace nox
+#endif

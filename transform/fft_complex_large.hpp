@@ -54,7 +54,7 @@ NOX_INLINE void halved_butterflies(const Nox64f* src, size_t from, size_t fromOn
 // writes.
 template <bool Inverse, bool Outermost>
 void columns(Nox64f* data, int order, const Nox64f* twiddles, Nox64f* work) {
-  const auto [s, t] = fft_variant.cut(order);
+  const int s = fft_variant.cut(order).s, t = fft_variant.cut(order).t;
   const size_t rows = size_t{1} << s, width = size_t{1} << (t - s);
   const size_t row = size_t{2} << (order - s), workRow = 2 * width;
   const size_t groups = width / 2 * kTwiddleGroup, last = rows / 4;

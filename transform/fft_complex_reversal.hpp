@@ -114,9 +114,8 @@ inline void copy_in_chunks(const Nox64fc* src, Nox64fc* dst, int order) {
 }
 
 inline void reverse_all(const Nox64fc* src, Nox64fc* dst, int order, const void* memory, Nox64fc* work) {
-  const bool copied = fft_variant.move(order) == FftMove::CopyTable || fft_variant.move(order) == FftMove::CopyTiles;
-  const bool inPlace = src == dst || copied;
-  if (src != dst && copied) copy_in_chunks(src, dst, order);
+  const bool inPlace = src == dst || fft_variant.copies(order);
+  if (src != dst && inPlace) copy_in_chunks(src, dst, order);
   if (order < fft_variant.tiledFrom) {
     const Nox32u* const table = static_cast<const Nox32u*>(memory);
     return inPlace ? reverse_by_table_in_place(dst, order, table) : reverse_by_table(src, dst, order, table);
