@@ -1,4 +1,7 @@
 // The complex transform: sizes of the memory, the spec and its tables, the choice of the engine's range.
+//
+// A build that makes plans has the four operations in the plans' files, and nothing of this engine.
+#if NOX_LEVEL < 4 || !__has_include("transform/fft_plan.hpp")
 #include "transform/fft_complex_direct.hpp"
 #include "transform/fft_complex_large.hpp"
 
@@ -45,7 +48,8 @@ constexpr FftSizes sizes_of(int order) {
   const Nox32s sine = (1 << order) * 2 + 8, init = order <= kSineTableOrder ? 0 : to64(sine) + kSlack;
   if (order <= fft_variant.middleLast)
     return {stage_bytes(order) + reversal_bytes(order) + kTablesAt + kSlack, init, to64(array_bytes(order)) + kSlack};
-  return {level_bytes(order) + reversal_bytes_of_large(order) + kTablesAt + kSlack, init, work_of_large(order) + kSlack};
+  return {level_bytes(order) + reversal_bytes_of_large(order) + kTablesAt + kSlack, init,
+          work_of_large(order) + kSlack};
 }
 
 constexpr bool is_flag(int flag) { return flag == 1 || flag == 2 || flag == 4 || flag == 8; }
@@ -170,3 +174,4 @@ NoxStatus noxsCplxFftInv(const Nox64fc* pSrc, Nox64fc* pDst, const NoxFftSpec* p
 
 }  // namespace NOX_VARIANT
 }  // namespace nox
+#endif

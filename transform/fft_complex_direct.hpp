@@ -110,7 +110,8 @@ constexpr FftDirect kDirect[] = {
     direct_grid<Inverse, Scaled, 8, 8, f64::vec>,
 #endif
 };
-static_assert(sizeof(kDirect<false, false>) / sizeof(FftDirect) == fft_variant.directLast + 1, "a routine for each order");
+static_assert(sizeof(kDirect<false, false>) / sizeof(FftDirect) == fft_variant.directLast + 1,
+              "a routine for each order");
 
 }  // namespace NOX_VARIANT
 }  // namespace nox

@@ -120,8 +120,8 @@ NOX_INLINE Split<V> load_joined(const Nox64f* p) {
 #endif
   }
 }
-// Twiddles of V::N neighbouring butterflies. A table groups what belongs to two of them, `Group` doubles in all, so four
-// lanes are filled from two groups.
+// Twiddles of V::N neighbouring butterflies. A table groups what belongs to two of them, `Group` doubles in all, so
+// four lanes are filled from two groups.
 constexpr int kTwiddleGroup = 12, kHalvedGroup = 8;
 template <class V, int Group>
 NOX_INLINE V load_twiddles(const Nox64f* p) {

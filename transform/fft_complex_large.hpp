@@ -36,10 +36,8 @@ NOX_INLINE void halved_butterflies(const Nox64f* src, size_t from, size_t fromOn
       const Split<V> a = load_split<V>(on), b = turned<Inverse>(load_split<V>(on + from), twiddle(0), twiddle(2));
       const Split<V> c = load_split<V>(on + 2 * from);
       const Split<V> d = turned<Inverse>(load_split<V>(on + 3 * from), twiddle(0), twiddle(2));
-      const Split<V> odd =
-          eighth_turn<Inverse>(turned<Inverse>(add_turned<Inverse>(c, d), twiddle(4), twiddle(6)));
-      const Split<V> oddOn =
-          eighth_turn<Inverse>(turned<Inverse>(sub_turned<Inverse>(c, d), twiddle(4), twiddle(6)));
+      const Split<V> odd = eighth_turn<Inverse>(turned<Inverse>(add_turned<Inverse>(c, d), twiddle(4), twiddle(6)));
+      const Split<V> oddOn = eighth_turn<Inverse>(turned<Inverse>(sub_turned<Inverse>(c, d), twiddle(4), twiddle(6)));
       const Split<V> even = add_turned<Inverse>(a, b), evenOn = sub_turned<Inverse>(a, b);
       store_joined(out, even + odd);
       store_joined(out + 2 * to, even - odd);
@@ -56,7 +54,7 @@ NOX_INLINE void halved_butterflies(const Nox64f* src, size_t from, size_t fromOn
 // writes.
 template <bool Inverse, bool Outermost>
 void columns(Nox64f* data, int order, const Nox64f* twiddles, Nox64f* work) {
-  const auto [s, t] = fft_variant.cut(order);
+  const int s = fft_variant.cut(order).s, t = fft_variant.cut(order).t;
   const size_t rows = size_t{1} << s, width = size_t{1} << (t - s);
   const size_t row = size_t{2} << (order - s), workRow = 2 * width;
   const size_t groups = width / 2 * kTwiddleGroup, last = rows / 4;

@@ -7,21 +7,6 @@
 namespace nox {
 inline namespace NOX_VARIANT {
 
-// Where the legs of a first-pass butterfly stand in the source, in doubles: in bit-reversed order one behind the other
-// at 0, `half`, `half / 2`, both together and, for radix 8, the same again at half / 4.
-//
-// Reversed is the source as the caller has it, Ordered an array that has been reversed already.
-struct Reversed {
-  const Nox32u* table;
-  size_t half;
-  NOX_INLINE size_t base(size_t i) const { return table[i]; }
-  NOX_INLINE size_t leg(size_t j) const { return (j & 1 ? half : 0) + (j & 2 ? half / 2 : 0) + (j & 4 ? half / 4 : 0); }
-};
-struct Ordered {
-  NOX_INLINE size_t base(size_t i) const { return 8 * i; }
-  NOX_INLINE size_t leg(size_t j) const { return 2 * j; }
-};
-
 // ---- first pass: vectors of whole elements, one butterfly or two beside each other
 template <bool Inverse, class C>
 NOX_INLINE C turned_quarter(C a) {
@@ -50,7 +35,6 @@ NOX_INLINE void store_four(Nox64f* d, size_t, C64x1 a, C64x1 b, C64x1 c, C64x1 e
   store_as<Form::Split>(d, Split<F64x2>{low_halves(parts(a), parts(b)), high_halves(parts(a), parts(b))});
   store_as<Form::Split>(d + 4, Split<F64x2>{low_halves(parts(c), parts(e)), high_halves(parts(c), parts(e))});
 }
-NOX_INLINE C64x1 load_legs(const Nox64f* p, const Nox64f*, C64x1*) { return {_mm_loadu_pd(p)}; }
 #if NOX_LEVEL >= 3
 NOX_INLINE void store_four(Nox64f* d, size_t apart, C64x2 a, C64x2 b, C64x2 c, C64x2 e) {
   const __m256d re01 = _mm256_unpacklo_pd(a.v, b.v), im01 = _mm256_unpackhi_pd(a.v, b.v);
@@ -60,59 +44,85 @@ NOX_INLINE void store_four(Nox64f* d, size_t apart, C64x2 a, C64x2 b, C64x2 c, C
   _mm256_storeu_pd(d + apart, _mm256_permute2f128_pd(re01, re23, 0x31));
   _mm256_storeu_pd(d + apart + 4, _mm256_permute2f128_pd(im01, im23, 0x31));
 }
-NOX_INLINE C64x2 load_legs(const Nox64f* p, const Nox64f* q, C64x2*) {
-  return {_mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(p)), _mm_loadu_pd(q), 1)};
-}
 #endif
 
-template <bool Inverse, class From>
-NOX_INLINE void first_pass(const Nox64f* src, Nox64f* dst, int order, From from) {
+// The butterfly of 4, or 8, legs in bit-reversed order; leg(j) loads leg j, of two butterflies where a vector holds
+// two.
+template <bool Inverse, int Radix, class Leg>
+NOX_INLINE void first_butterfly(Nox64f* d, size_t apart, Leg&& leg) {
   using C = c64::vec;
-  const size_t fours = size_t{1} << (order - 2);
-  const auto legs = [&](size_t p, size_t q, size_t j) {
-    return load_legs(src + p + from.leg(j), src + q + from.leg(j), static_cast<C*>(nullptr));
-  };
-  if (order % 2 == 0) {
-    for (size_t i = 0; i < fours; i += C::N) {
-      const size_t p = from.base(i), q = C::N == 2 ? from.base(i + 1) : p;
-      C x0 = legs(p, q, 0), x1 = legs(p, q, 1), x2 = legs(p, q, 2), x3 = legs(p, q, 3);
-      first_four<Inverse>(x0, x1, x2, x3);
-      store_four(dst + 8 * i, 8, x0, x1, x2, x3);
-    }
-    return;
-  }
-  // A butterfly of 8 takes two entries of the table; legs 4 to 7 are those of the odd elements.
-  for (size_t i = 0; i < fours; i += 2 * C::N) {
-    const size_t p = from.base(i), q = C::N == 2 ? from.base(i + 2) : p;
-    C y0 = legs(p, q, 4), y1 = legs(p, q, 5), y2 = legs(p, q, 6), y3 = legs(p, q, 7);
+  if constexpr (Radix == 4) {
+    C x0 = leg(0), x1 = leg(1), x2 = leg(2), x3 = leg(3);
+    first_four<Inverse>(x0, x1, x2, x3);
+    store_four(d, apart, x0, x1, x2, x3);
+  } else {
+    C y0 = leg(4), y1 = leg(5), y2 = leg(6), y3 = leg(7);
     first_four<Inverse>(y0, y1, y2, y3);
     y1 = turned_eighth<Inverse>(y1);
     y2 = turned_quarter<Inverse>(y2);
     y3 = turned_eighth<Inverse>(turned_quarter<Inverse>(y3));
-    C x0 = legs(p, q, 0), x1 = legs(p, q, 1), x2 = legs(p, q, 2), x3 = legs(p, q, 3);
+    C x0 = leg(0), x1 = leg(1), x2 = leg(2), x3 = leg(3);
     first_four<Inverse>(x0, x1, x2, x3);
-    store_four(dst + 8 * i, 16, x0 + y0, x1 + y1, x2 + y2, x3 + y3);
-    store_four(dst + 8 * i + 8, 16, x0 - y0, x1 - y1, x2 - y2, x3 - y3);
+    store_four(d, apart, x0 + y0, x1 + y1, x2 + y2, x3 + y3);
+    store_four(d + 8, apart, x0 - y0, x1 - y1, x2 - y2, x3 - y3);
   }
+}
+
+// From the source in bit-reversed order. Four neighbours there belong to butterflies whose results are quarters of the
+// array apart, and are taken together: a line of cache is read once.
+template <bool Inverse, int Radix>
+NOX_INLINE void reversing_pass(const Nox64f* src, Nox64f* dst, int order, const Nox32u* table) {
+  using C = c64::vec;
+  constexpr size_t kSize = 2 * Radix;
+  const size_t half = size_t{1} << order, quarter = half / 2, eighth = half / 4;
+  for (size_t m = 0; m < half / (4 * Radix); ++m, dst += kSize) {
+    const Nox64f* const from = src + table[Radix / 4 * m];
+    const auto leg = [=](int j) { return from + (j & 1 ? half : 0) + (j & 2 ? quarter : 0) + (j & 4 ? eighth : 0); };
+    // Eight lines a power of 2 apart fill all ways of a cache set, and the results would push them out before they are
+    // used up: they are read first.
+    alignas(32) Nox64f lines[8][8];
+    if constexpr (Radix == 8)
+      for (int j = 0; j < 8; ++j)
+        for (int h = 0; h < 8; h += f64::vec::N) f64::vec::load(leg(j) + h).store(lines[j] + h);
+    for (size_t h = 0; h < 4; h += C::N)
+      first_butterfly<Inverse, Radix>(dst + (h & 1 ? half : 0) + (h & 2 ? quarter : 0), half, [&](int j) {
+        return complex<C>(f64::vec::load((Radix == 8 ? lines[j] : leg(j)) + 2 * h));
+      });
+  }
+}
+// In place on data in bit-reversed order.
+template <bool Inverse, int Radix>
+NOX_INLINE void ordered_pass(Nox64f* data, int order) {
+  constexpr size_t kSize = 2 * Radix;
+  for (Nox64f *p = data, *const end = data + (size_t{2} << order); p < end; p += c64::vec::N * kSize)
+    first_butterfly<Inverse, Radix>(p, kSize, [p](int j) {
+      const Nox64f* const leg = p + 2 * j;
+#if NOX_LEVEL >= 3
+      return C64x2{_mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(leg)), _mm_loadu_pd(leg + kSize), 1)};
+#else
+      return C64x1{_mm_loadu_pd(leg)};
+#endif
+    });
 }
 
 // ---- radix-4 passes
 // `count` butterflies one behind the other, their legs `from` doubles apart in the source and `to` in the destination.
 template <bool Inverse, Form form>
-NOX_INLINE void butterflies(const Nox64f* src, size_t from, Nox64f* dst, size_t to, const Nox64f* twiddles, size_t count) {
+NOX_INLINE void butterflies(const Nox64f* src, size_t from, Nox64f* dst, size_t to, const Nox64f* twiddles,
+                            size_t count) {
   using V = f64::vec;
   for (size_t k = 0; k < count; k += V::N) {
     const auto twiddle = [&](int slot) { return load_twiddles<V, kTwiddleGroup>(twiddles + slot); };
     // The legs stand in bit-reversed order: the second one is that of the even elements.
-    const Split<V> x2 = turned<Inverse>(load_split<V>(src + from), twiddle(4), twiddle(6));
     const Split<V> x1 = turned<Inverse>(load_split<V>(src + 2 * from), twiddle(0), twiddle(2));
     const Split<V> x3 = turned<Inverse>(load_split<V>(src + 3 * from), twiddle(8), twiddle(10));
-    Split<V> x[4] = {load_split<V>(src), x1, x2, x3};
-    dft<Inverse>(x);
-    store_as<form>(dst, x[0]);
-    store_as<form>(dst + to, x[1]);
-    store_as<form>(dst + 2 * to, x[2]);
-    store_as<form>(dst + 3 * to, x[3]);
+    const Split<V> c = x1 + x3, d = x1 - x3;
+    const Split<V> x2 = turned<Inverse>(load_split<V>(src + from), twiddle(4), twiddle(6)), x0 = load_split<V>(src);
+    const Split<V> a = x0 + x2, b = x0 - x2;
+    store_as<form>(dst, a + c);
+    store_as<form>(dst + 2 * to, a - c);
+    store_as<form>(dst + to, add_turned<Inverse>(b, d));
+    store_as<form>(dst + 3 * to, sub_turned<Inverse>(b, d));
     src += 2 * V::N;
     dst += 2 * V::N;
     twiddles += V::N / 2 * kTwiddleGroup;
@@ -135,19 +145,26 @@ NOX_INLINE void later_passes(Nox64f* target, Nox64f* dst, int order, const Nox64
 template <bool Inverse>
 void middle(const Nox64f* src, Nox64f* dst, int order, const Nox64f* twiddles, const Nox32u* reversal, Nox64f* work) {
   Nox64f* const target = src != dst && reinterpret_cast<uintptr_t>(dst) % 16 == 0 ? dst : work;
-  first_pass<Inverse>(src, target, order, Reversed{reversal, size_t{1} << order});
+  if (order % 2 == 0)
+    reversing_pass<Inverse, 4>(src, target, order, reversal);
+  else
+    reversing_pass<Inverse, 8>(src, target, order, reversal);
   later_passes<Inverse, Form::Joined>(target, dst, order, twiddles);
 }
 
 // A row of a large transform: in place, already reversed, left split.
 template <bool Inverse>
 void middle_row(Nox64f* row, int order, const Nox64f* twiddles) {
-  first_pass<Inverse>(row, row, order, Ordered{});
+  if (order % 2 == 0)
+    ordered_pass<Inverse, 4>(row, order);
+  else
+    ordered_pass<Inverse, 8>(row, order);
   later_passes<Inverse, Form::Split>(row, row, order, twiddles);
 }
 
 NOX_INLINE void scale_all(Nox64f* p, size_t doubles, Nox64f by) {
-  map<f64>(p, static_cast<int>(doubles), [by](auto x) { return x * decltype(x)::all(by); }, p);
+  map<f64>(
+      p, static_cast<int>(doubles), [by](auto x) { return x * decltype(x)::all(by); }, p);
 }
 
 }  // namespace NOX_VARIANT

@@ -15,24 +15,32 @@ NOX_INLINE void exchange(Nox64fc* a, Nox64fc* b) {
   x.store(b);
 }
 
-// ---- along the table; the groups of four, in bit-reversed order, come from the quarters of the source
+// ---- along the table
+// Index bits (a, m, b), two each of a and b: the element of the block m goes to the block reversed(m), at (b, a) with
+// both reversed. A block is four neighbours of each quarter of the array, whole lines of cache.
+constexpr size_t kReversedTwoBits[4] = {0, 2, 1, 3};
 inline void reverse_by_table(const Nox64fc* src, Nox64fc* dst, int order, const Nox32u* table) {
   const size_t quarter = size_t{1} << (order - 2);
-  for (size_t i = 0; i < quarter; ++i) {
-    const Nox64fc* const from = src + table[i] / 2;
-    const C64x1 a = C64x1::load(from), b = C64x1::load(from + 2 * quarter);
-    const C64x1 c = C64x1::load(from + quarter), d = C64x1::load(from + 3 * quarter);
-    store_run<C64x1>(dst + 4 * i, a, b, c, d);
-  }
+  for (size_t m = 0; m < quarter / 4; ++m)
+    for (size_t b = 0; b < 4; ++b) {
+      const Nox64fc* const from = src + table[m] / 2 + b;
+      const C64x1 x0 = C64x1::load(from), x1 = C64x1::load(from + 2 * quarter);
+      const C64x1 x2 = C64x1::load(from + quarter), x3 = C64x1::load(from + 3 * quarter);
+      store_run<C64x1>(dst + kReversedTwoBits[b] * quarter + 4 * m, x0, x1, x2, x3);
+    }
 }
 inline void reverse_by_table_in_place(Nox64fc* data, int order, const Nox32u* table) {
   const size_t quarter = size_t{1} << (order - 2);
-  constexpr size_t kReversedTwoBits[4] = {0, 2, 1, 3};
-  for (size_t i = 0; i < quarter; ++i)
-    for (size_t j = 0; j < 4; ++j) {
-      const size_t here = 4 * i + j, there = table[i] / 2 + kReversedTwoBits[j] * quarter;
-      if (here < there) exchange(data + here, data + there);
-    }
+  for (size_t m = 0; m < quarter / 4; ++m) {
+    const size_t here = 4 * m, there = table[m] / 2;
+    if (here > there) continue;
+    for (size_t a = 0; a < 4; ++a)
+      for (size_t b = 0; b < 4; ++b) {
+        Nox64fc* const x = data + a * quarter + here + b;
+        Nox64fc* const y = data + kReversedTwoBits[b] * quarter + there + kReversedTwoBits[a];
+        if (here < there || x < y) exchange(x, y);
+      }
+  }
 }
 
 // ---- by tiles
@@ -101,13 +109,13 @@ inline void reverse_by_tiles_in_place(Nox64fc* data, const Tiles& tiles, Nox64fc
 inline void copy_in_chunks(const Nox64fc* src, Nox64fc* dst, int order) {
   const size_t bytes = sizeof(Nox64fc) << order;
   for (size_t at = 0; at < bytes; at += fft_variant.copyChunk)
-    copy_bytes(behind(dst, at), behind(src, at), bytes - at < fft_variant.copyChunk ? bytes - at : fft_variant.copyChunk);
+    copy_bytes(behind(dst, at), behind(src, at),
+               bytes - at < fft_variant.copyChunk ? bytes - at : fft_variant.copyChunk);
 }
 
 inline void reverse_all(const Nox64fc* src, Nox64fc* dst, int order, const void* memory, Nox64fc* work) {
-  const bool copied = fft_variant.move(order) == FftMove::CopyTable || fft_variant.move(order) == FftMove::CopyTiles;
-  const bool inPlace = src == dst || copied;
-  if (src != dst && copied) copy_in_chunks(src, dst, order);
+  const bool inPlace = src == dst || fft_variant.copies(order);
+  if (src != dst && inPlace) copy_in_chunks(src, dst, order);
   if (order < fft_variant.tiledFrom) {
     const Nox32u* const table = static_cast<const Nox32u*>(memory);
     return inPlace ? reverse_by_table_in_place(dst, order, table) : reverse_by_table(src, dst, order, table);

@@ -1,8 +1,8 @@
 // The twiddles, each a copy of an entry of a quarter of a sine wave, and the tables they are laid out in.
 #pragma once
 #include "transform/fft_complex_lanes.hpp"
-#include "transform/fft_sine.hpp"
-#include "transform/fft_sine_table.hpp"
+#include "transform/fft_complex_sine.hpp"
+#include "transform/fft_complex_sine_table.hpp"
 #include "transform/fft_variant.hpp"
 
 namespace nox {
@@ -61,7 +61,7 @@ inline void fill_stages(Nox64f* d, const Wave& wave, int order) {
 // Large range: the column stages of a transform of 2^order elements. The halved table has for its last stage two
 // twiddles of the lower half of the columns alone. Returns where the table ends.
 inline Nox64f* fill_columns(Nox64f* d, const Wave& wave, int order, bool halved) {
-  const auto [s, t] = fft_variant.cut(order);
+  const int s = fft_variant.cut(order).s, t = fft_variant.cut(order).t;
   const size_t rowLength = size_t{1} << (order - s), width = size_t{1} << (t - s);
   for (size_t block = 0; block < rowLength; block += width)
     for (int stage = order - s + 2; stage <= order; stage += 2) {

@@ -10,61 +10,36 @@
 namespace nox {
 inline namespace NOX_VARIANT {
 
-// Whether the h9 build runs its transforms by plans instead of this engine.
-constexpr bool kFftHasPlan = NOX_LEVEL == 4 && false;
-
 struct FftCut {
-  Nox8u s, t;
-};
-
-// How a reversal out of place is done.
-enum class FftMove : Nox8u {
-  Table,      // element by element along the table
-  CopyTable,  // copied, then so in place
-  Tiles,      // tile by tile from source to destination
-  CopyTiles,  // copied, then tile by tile in place
+  int from;  // smallest order that is cut so; the next entry takes over from its own
+  int s, t;
 };
 
 struct FftVariant {
-  int directLast;      // largest order of the straight-line routines
-  int middleLast;      // largest order that runs without columns
-  int tiledFrom;       // smallest order reversed by tiles
-  FftCut cuts[14];     // of the orders 14 to 27
-  FftMove moves[14];   // likewise
-  size_t copyChunk;    // bytes that one call copies in front of a reversal in place
-  bool limitAtOnce;    // an order above the limit is refused before a bad flag is
-  constexpr FftCut cut(int order) const { return cuts[order - 14]; }
-  constexpr FftMove move(int order) const { return moves[order - 14]; }
+  int directLast;    // largest order of the straight-line routines
+  int middleLast;    // largest order that runs without columns
+  int tiledFrom;     // smallest order reversed by tiles
+  Nox32u copied;     // orders that out of place are copied and then reversed in place, a bit each
+  size_t copyChunk;  // bytes that one call copies then
+  FftCut cuts[5];
+  bool limitAtOnce;  // an order above the limit is refused before a bad flag is
+  constexpr bool copies(int order) const { return copied >> order & 1; }
+  constexpr FftCut cut(int order) const {
+    FftCut found = cuts[0];
+    for (const FftCut& c : cuts)
+      if (c.from != 0 && c.from <= order) found = c;
+    return found;
+  }
 };
 
 namespace fft_variants {
-constexpr FftMove kTable = FftMove::Table, kCopied = FftMove::CopyTable, kTiles = FftMove::Tiles,
-                  kCopiedTiles = FftMove::CopyTiles;
+constexpr Nox32u from(int order) { return ~Nox32u{0} << order; }
 
 constexpr FftVariant w7{
-    5, 13, 16,
-    {{4, 8}, {4, 8}, {4, 10}, {4, 10}, {6, 12}, {6, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}},
-    {kTable, kCopied, kTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles,
-     kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles},
-    2097152, false};
-constexpr FftVariant s8{
-    5, 16, 18,
-    {{}, {}, {}, {6, 10}, {6, 10}, {6, 10}, {6, 10}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}},
-    {kTable, kTable, kTable, kTable, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles,
-     kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles},
-    67108864, false};
-constexpr FftVariant p8{
-    5, 16, 18,
-    {{}, {}, {}, {4, 10}, {4, 10}, {4, 10}, {6, 12}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}},
-    {kTable, kTable, kTable, kTable, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles,
-     kCopiedTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles},
-    67108864, false};
-constexpr FftVariant g9{
-    6, 17, 18,
-    {{}, {}, {}, {}, {4, 9}, {4, 9}, {4, 9}, {4, 9}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}, {8, 13}},
-    {kTable, kTable, kTable, kTable, kTiles, kTiles, kTiles, kTiles, kCopiedTiles, kCopiedTiles, kCopiedTiles,
-     kCopiedTiles, kCopiedTiles, kCopiedTiles},
-    67108864, false};
+    5, 13, 16, 1u << 15 | from(17), 2097152, {{14, 4, 8}, {16, 4, 10}, {18, 6, 12}, {19, 6, 13}, {20, 8, 13}}, false};
+constexpr FftVariant s8{5, 16, 18, from(18), 67108864, {{17, 6, 10}, {21, 8, 13}}, false};
+constexpr FftVariant p8{5, 16, 18, from(18), 67108864, {{17, 4, 10}, {20, 6, 12}, {21, 8, 13}}, false};
+constexpr FftVariant g9{6, 17, 18, from(22), 67108864, {{18, 4, 9}, {22, 8, 13}}, false};
 constexpr FftVariant like(FftVariant v, bool limitAtOnce) {
   v.limitAtOnce = limitAtOnce;
   return v;

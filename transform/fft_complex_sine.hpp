@@ -1,6 +1,7 @@
 // Sines and cosines of the angles from 0 to pi/4 that the twiddles of the large transforms are made of.
 //
-// The x87 unit computes both to 64 bits whatever its precision control says, so that the one rounding to double decides.
+// The x87 unit computes both to 64 bits whatever its precision control says, so that the one rounding to double
+// decides.
 #pragma once
 #include "core/variant.hpp"
 #include "nox/types.h"
