@@ -10,7 +10,7 @@ namespace nox {
 inline namespace NOX_VARIANT {
 namespace {
 
-constexpr size_t kShort = 2 * kWide;
+constexpr size_t kShort = 64;
 constexpr size_t kMedium = 8 * kWide;
 constexpr size_t kGroup = 4 * kWide;
 
@@ -25,7 +25,7 @@ NOX_INLINE NoxStatus copy_ends(Byte* d, const Byte* s, Byte* d_end, const Byte* 
   return noxStsNoErr;
 }
 
-// Two to eight vectors, of ranges that overlap in any way.
+// Up to eight vectors, of ranges that overlap in any way.
 NOX_KERNEL NoxStatus copy_medium(Byte* d, const Byte* s, size_t n) {
   if (n <= 4 * kWide) return copy_ends<Wide, 2>(d, s, d + n, s + n);
   return copy_ends<Wide, 4>(d, s, d + n, s + n);
@@ -39,8 +39,9 @@ NOX_KERNEL NoxStatus copy_tiny(Byte* d, const Byte* s, size_t n) {
   return noxStsNoErr;
 }
 
-// At most two vectors, of ranges that overlap in any way.
+// At most kShort bytes, of ranges that overlap in any way.
 NOX_INLINE NoxStatus copy_short(Byte* d, const Byte* s, size_t n) {
+  if (n > 2 * kWide) return copy_ends<Wide, 2>(d, s, d + n, s + n);
   if (n >= kWide) return copy_ends<Wide>(d, s, d + n, s + n);
   if (kWide > 16 && n >= 16) return copy_ends<Chunk<16>>(d, s, d + n, s + n);
   if (n >= 8) return copy_ends<Chunk<8>>(d, s, d + n, s + n);
