@@ -1,8 +1,8 @@
 """Checks of the object files: nothing of one build may reach the processors of another.
 
 Symbols: whatever the linker could merge or bind across builds carries the build's tag in its name. Instructions: none
-above the level of the object's build, vector instructions of the AVX builds in the VEX form, and upper halves of the
-vector registers cleared before a function returns.
+above the level of the object's build, vector instructions of the AVX builds in the VEX form, upper halves of the vector
+registers cleared before a function returns, and no aligned access to a stack that nobody aligned.
 """
 import re
 import subprocess
@@ -160,9 +160,22 @@ def dirty_faults(path, function):
             work.append((k + 1, dirty))
 
 
+ALIGNED_ACCESS = re.compile(r"v?(movaps|movapd|movdqa|movntdq|movntps|movntpd)$")
+
+
+def stack_faults(path, function):
+    """A function that doesn't align its stack itself may find it at any multiple of 4 bytes."""
+    if any(i.mnemonic == "and" and i.operands.endswith(",%esp") for i in function.code):
+        return
+    for i in function.code:
+        if ALIGNED_ACCESS.match(i.mnemonic) and re.search(r"\(%e[sb]p", i.operands):
+            yield f"{path}: {function.name}: '{i.mnemonic} {i.operands}' expects an aligned stack"
+
+
 def instruction_faults(tag, path):
     for function in read_functions(path):
         yield from level_faults(tag, path, function)
+        yield from stack_faults(path, function)
         if tag in VEX_BUILDS:
             yield from dirty_faults(path, function)
 

@@ -21,6 +21,7 @@ inline namespace NOX_VARIANT {
 
 // Copies ranges that don't overlap, by the method that suits count and distance.
 NOX_KERNEL NoxStatus copy_bytes(void* d, const void* s, size_t n);
+NOX_KERNEL NoxStatus copy_large(void* d, const void* s, size_t n);
 // Copies ranges that may overlap.
 NOX_KERNEL NoxStatus move_bytes(void* d, const void* s, size_t n);
 // The two directions of a move: forward for a destination below its source, backward for one above.
@@ -37,16 +38,18 @@ NOX_KERNEL NoxStatus zero_bytes_by_string(void* d, size_t n);
 // Repeats an element over n bytes. `pattern` is the element repeated over 16 bytes, `element` its size: a power of 2
 // up to 16 that divides n.
 NOX_KERNEL NoxStatus fill_bytes(void* d, size_t n, size_t element, __m128i pattern);
-// The same for long ranges, more than eight vectors.
+// The same for more than eight vectors, through the caches and past them.
+NOX_KERNEL NoxStatus fill_long(void* d, size_t n, size_t element, __m128i pattern);
+NOX_KERNEL NoxStatus fill_streaming(void* d, size_t n, size_t element, __m128i pattern);
+// The same for large ranges, by the method that suits the count.
 NOX_KERNEL NoxStatus fill_bytes_large(void* d, size_t n, size_t element, __m128i pattern);
 
-// Eight bytes by halves: arguments are often pushed as words, and one wide load would wait until both have left the
-// store buffer. Volatile, lest the compiler join the halves. A double gains nothing: the compiler copies it whole to
-// aligned memory first.
-NOX_INLINE __m128i pair_of_words(const void* p) {
-  typedef int Word __attribute__((may_alias));
-  const volatile Word* const words = static_cast<const volatile Word*>(p);
-  return _mm_unpacklo_epi32(_mm_cvtsi32_si128(words[0]), _mm_cvtsi32_si128(words[1]));
+// Four words of a value as a pattern. Arguments are often pushed as words, and one wide load would wait until all have
+// left the store buffer; volatile, lest the compiler join them. As floats they go straight to vector registers.
+NOX_INLINE __m128i words_of(const void* value, int i, int j, int k, int l) {
+  typedef float Word __attribute__((may_alias));
+  const volatile Word* const words = static_cast<const volatile Word*>(value);
+  return _mm_castps_si128(_mm_setr_ps(words[i], words[j], words[k], words[l]));
 }
 
 // An element of 1, 2, 4, 8 or 16 bytes repeated over 16, by its bits.
@@ -54,14 +57,9 @@ template <class T>
 NOX_INLINE __m128i pattern_of(const T& value) {
   static_assert(sizeof(T) <= 16 && 16 % sizeof(T) == 0, "the pattern holds whole elements");
   if constexpr (sizeof(T) == 16) {
-    return _mm_unpacklo_epi64(pair_of_words(&value), pair_of_words(reinterpret_cast<const char*>(&value) + 8));
+    return words_of(&value, 0, 1, 2, 3);
   } else if constexpr (sizeof(T) == 8) {
-    __m128i low;
-    if constexpr (__is_same(T, Nox64f))
-      low = _mm_castpd_si128(_mm_set_sd(value));
-    else
-      low = pair_of_words(&value);
-    return _mm_unpacklo_epi64(low, low);
+    return words_of(&value, 0, 1, 0, 1);
   } else if constexpr (sizeof(T) == 4) {
     return _mm_set1_epi32(static_cast<int>(value));
   } else if constexpr (sizeof(T) == 2) {

@@ -7,6 +7,10 @@
 #include "vector/block_lanes.hpp"
 #include "vector/block_method.hpp"
 
+#define NOX_QUOTE2(text) #text
+#define NOX_QUOTE(text) NOX_QUOTE2(text)
+#define NOX_LABEL(name) NOX_QUOTE(NOX_BODY(name))
+
 namespace nox {
 inline namespace NOX_VARIANT {
 namespace {
@@ -17,11 +21,16 @@ NOX_INLINE size_t bytes_of(int len) {
 }
 
 template <class T>
-NOX_INLINE NoxStatus set(const T& value, T* d, int len) {
+NOX_INLINE NoxStatus set_pattern(__m128i pattern, T* d, int len) {
   if (const NoxStatus st = check(len, d)) return st;
   const size_t n = bytes_of<T>(len);
-  if (n > variant.fill_large) return fill_bytes_large(d, n, sizeof(T), pattern_of(value));
-  return fill_bytes(d, n, sizeof(T), pattern_of(value));
+  if (n > variant.fill_large) return fill_bytes_large(d, n, sizeof(T), pattern);
+  return fill_bytes(d, n, sizeof(T), pattern);
+}
+
+template <class T>
+NOX_INLINE NoxStatus set(const T& value, T* d, int len) {
+  return set_pattern(pattern_of(value), d, len);
 }
 
 template <class T>
@@ -33,7 +42,7 @@ NOX_INLINE NoxStatus zero(T* d, int len) {
 }
 
 template <size_t Element>
-NOX_KERNEL NoxStatus copy_in_pieces(const void* s, void* d, int len) {
+NOX_KERNEL NoxStatus copy_in_pieces(void* d, const void* s, int len) {
   const Byte* const from = bytes(s);
   Byte* const to = bytes(d);
   in_pieces<Element>(len, [=](size_t done, size_t n) { copy_bytes(to + done * Element, from + done * Element, n); });
@@ -44,7 +53,7 @@ NOX_KERNEL NoxStatus copy_in_pieces(const void* s, void* d, int len) {
 template <class T>
 NOX_INLINE NoxStatus copy(const T* s, T* d, int len, bool divides = sizeof(T) > 1 && variant.divides_long_copy) {
   if (const NoxStatus st = check(len, s, d)) return st;
-  if (divides && needs_division<sizeof(T)>(len)) return copy_in_pieces<sizeof(T)>(s, d, len);
+  if (divides && needs_division<sizeof(T)>(len)) return copy_in_pieces<sizeof(T)>(d, s, len);
   return copy_bytes(d, s, bytes_of<T>(len));
 }
 
@@ -62,11 +71,19 @@ using namespace nox;
 
 extern "C" {
 
+// The body of noxsSet_64f takes its value as two words, which stand on the stack where the double does: it may have
+// been pushed by words, and reading it at once would wait until both have left the store buffer.
+static_assert(2 * sizeof(Nox32f) == sizeof(Nox64f));
+static_assert(__is_same(decltype(noxsSet_64f), NoxStatus(Nox64f, Nox64f*, int)));
+NOX_HIDDEN NoxStatus set_words(Nox32f low, Nox32f high, Nox64f* d, int len) asm(NOX_LABEL(noxsSet_64f));
+
 NoxStatus NOX_BODY(noxsSet_8u)(Nox8u value, Nox8u* d, int len) { return set(value, d, len); }
 NoxStatus NOX_BODY(noxsSet_16s)(Nox16s value, Nox16s* d, int len) { return set(value, d, len); }
 NoxStatus NOX_BODY(noxsSet_32s)(Nox32s value, Nox32s* d, int len) { return set(value, d, len); }
 NoxStatus NOX_BODY(noxsSet_32sc)(Nox32sc value, Nox32sc* d, int len) { return set(value, d, len); }
-NoxStatus NOX_BODY(noxsSet_64f)(Nox64f value, Nox64f* d, int len) { return set(value, d, len); }
+NoxStatus set_words(Nox32f low, Nox32f high, Nox64f* d, int len) {
+  return set_pattern(_mm_castps_si128(_mm_setr_ps(low, high, low, high)), d, len);
+}
 NoxStatus NOX_BODY(noxsSet_64fc)(Nox64fc value, Nox64fc* d, int len) { return set(value, d, len); }
 
 NoxStatus NOX_BODY(noxsZero_8u)(Nox8u* d, int len) { return zero(d, len); }

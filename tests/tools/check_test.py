@@ -9,6 +9,7 @@ from instruction_sets import instruction_set
 
 OBJECT_FLAGS = ["-O2", "-std=c++17", "-march=pentium4", "-mfpmath=sse", "-fPIC", "-fno-exceptions"]
 LOAD = "#include <immintrin.h>\nextern \"C\" void "
+SPILL = LOAD + "w7_g();\nextern \"C\" __m128d w7_f(__m128d v) { w7_g(); return v; }"
 
 # Build, further flags, source, what the faults must say (none: no fault).
 OBJECTS = [
@@ -28,6 +29,8 @@ OBJECTS = [
     ("g9", "-mavx -mno-vzeroupper", LOAD + "g(); " + "extern \"C\" void g9_f(__m256d* p, int n) {"
      "if (n) { *p = _mm256_add_pd(*p, *p); _mm256_zeroupper(); } else { *p = _mm256_sub_pd(*p, *p); } }", "leaves by"),
     ("g9", "-mavx", LOAD + "g9_f(__m256d* p, int n) { for (; n > 0; --n) *p = _mm256_add_pd(*p, *p); }", None),
+    ("w7", "-mincoming-stack-boundary=5", SPILL, "expects an aligned stack"),
+    ("w7", "-mincoming-stack-boundary=2", SPILL, None),
     ("h9", "-mavx2", "__attribute__((noinline)) inline int shared(int x) { return x + 1; }\n"
      'extern "C" int h9_f(int x) { return shared(x); }', "weak symbol 'shared(int)'"),
     ("h9", "-mavx2", 'extern "C" int helper(int x) { return x + 1; }', "global symbol 'helper'"),
