@@ -31,7 +31,15 @@ NOX_INLINE E* behind(E* p, size_t bytes) {
   return reinterpret_cast<E*>(reinterpret_cast<uintptr_t>(p) + bytes);
 }
 // Keeps a running offset one register: the compiler would make a pointer of it for each array, and run out of them.
-NOX_INLINE void keep_whole(size_t& offset) { asm("" : "+r"(offset)); }
+template <class T>
+NOX_INLINE void keep_whole(T& offset) { asm("" : "+r"(offset)); }
+
+// Moves pointers on by `bytes`, each in a register of its own.
+template <class... E>
+NOX_INLINE void advance(size_t bytes, E*&... p) {
+  ((p = behind(p, bytes)), ...);
+  (keep_whole(p), ...);
+}
 
 // The functor of a plain move.
 struct Keep {
@@ -68,20 +76,24 @@ NOX_INLINE void map(typename K::elem* d, int len, F&& f, const S*... s) {
   // The ends are computed before anything is written, and written when all has been read: the destination may be a
   // source.
   const V first = f(V::load(s)...), last = f(V::load(behind(s, bytes - kVector))...);
-  i = bytes_to_boundary<V>(d);
-  for (; bytes - i >= 4 * kVector; i += 4 * kVector) {
-    keep_whole(i);
-    const V r0 = f(V::load(behind(s, i))...), r1 = f(V::load(behind(s, i + kVector))...);
-    store_run<V>(behind(d, i), r0, r1);
-    const V r2 = f(V::load(behind(s, i + 2 * kVector))...), r3 = f(V::load(behind(s, i + 3 * kVector))...);
-    store_run<V>(behind(d, i + 2 * kVector), r2, r3);
+  typename K::elem* const start = d;
+  typename K::elem* const end = behind(d, bytes - kVector);
+  const size_t head = bytes_to_boundary<V>(d);
+  size_t left = bytes - head;
+  advance(head, d, s...);
+  for (; left >= 4 * kVector; left -= 4 * kVector) {
+    const V r0 = f(V::load(s)...), r1 = f(V::load(s + V::N)...);
+    store_run<V>(d, r0, r1);
+    const V r2 = f(V::load(s + 2 * V::N)...), r3 = f(V::load(s + 3 * V::N)...);
+    store_run<V>(d + 2 * V::N, r2, r3);
+    advance(4 * kVector, d, s...);
   }
-  for (; bytes - i >= kVector; i += kVector) {
-    keep_whole(i);
-    f(V::load(behind(s, i))...).store(behind(d, i));
+  for (; left >= kVector; left -= kVector) {
+    f(V::load(s)...).store(d);
+    advance(kVector, d, s...);
   }
-  first.store(d);
-  last.store(behind(d, bytes - kVector));
+  if (head > 0) first.store(start);
+  if (left > 0) last.store(end);
 }
 
 // Lanes that a functor ors together on its way: a condition that a warning reports after the loop.

@@ -140,45 +140,45 @@ NoxStatus NOX_BODY(noxsSqr_64fc)(const Nox64fc* a, Nox64fc* d, int len) { return
 NoxStatus NOX_BODY(noxsSqr_64fc_I)(Nox64fc* d, int len) { return unary<c64>(Square{}, d, d, len); }
 
 NoxStatus NOX_BODY(noxsAddC_64f)(const Nox64f* a, Nox64f c, Nox64f* d, int len) {
-  return unary<f64>(AddConstant<Nox64f>{c}, a, d, len);
+  return unary<f64>(AddConstant<Nox64f>{by_words(c)}, a, d, len);
 }
-NoxStatus NOX_BODY(noxsAddC_64f_I)(Nox64f c, Nox64f* d, int len) { return unary<f64>(AddConstant<Nox64f>{c}, d, d, len); }
+NoxStatus NOX_BODY(noxsAddC_64f_I)(Nox64f c, Nox64f* d, int len) { return unary<f64>(AddConstant<Nox64f>{by_words(c)}, d, d, len); }
 NoxStatus NOX_BODY(noxsSubC_64f)(const Nox64f* a, Nox64f c, Nox64f* d, int len) {
-  return unary<f64>(SubtractConstant<Nox64f>{c}, a, d, len);
+  return unary<f64>(SubtractConstant<Nox64f>{by_words(c)}, a, d, len);
 }
-NoxStatus NOX_BODY(noxsSubC_64f_I)(Nox64f c, Nox64f* d, int len) { return unary<f64>(SubtractConstant<Nox64f>{c}, d, d, len); }
+NoxStatus NOX_BODY(noxsSubC_64f_I)(Nox64f c, Nox64f* d, int len) { return unary<f64>(SubtractConstant<Nox64f>{by_words(c)}, d, d, len); }
 NoxStatus NOX_BODY(noxsSubCRev_64f)(const Nox64f* a, Nox64f c, Nox64f* d, int len) {
-  return unary<f64>(SubtractFromConstant<Nox64f>{c}, a, d, len);
+  return unary<f64>(SubtractFromConstant<Nox64f>{by_words(c)}, a, d, len);
 }
-NoxStatus NOX_BODY(noxsSubCRev_64f_I)(Nox64f c, Nox64f* d, int len) { return unary<f64>(SubtractFromConstant<Nox64f>{c}, d, d, len); }
+NoxStatus NOX_BODY(noxsSubCRev_64f_I)(Nox64f c, Nox64f* d, int len) { return unary<f64>(SubtractFromConstant<Nox64f>{by_words(c)}, d, d, len); }
 NoxStatus NOX_BODY(noxsMulC_64f)(const Nox64f* a, Nox64f c, Nox64f* d, int len) {
-  return unary<f64>(MultiplyByReal{c}, a, d, len);
+  return unary<f64>(MultiplyByReal{by_words(c)}, a, d, len);
 }
-NoxStatus NOX_BODY(noxsMulC_64f_I)(Nox64f c, Nox64f* d, int len) { return unary<f64>(MultiplyByReal{c}, d, d, len); }
+NoxStatus NOX_BODY(noxsMulC_64f_I)(Nox64f c, Nox64f* d, int len) { return unary<f64>(MultiplyByReal{by_words(c)}, d, d, len); }
 NoxStatus NOX_BODY(noxsDivC_64f)(const Nox64f* a, Nox64f c, Nox64f* d, int len) {
-  return divide_by_constant<f64>(a, c, d, len);
+  return divide_by_constant<f64>(a, by_words(c), d, len);
 }
-NoxStatus NOX_BODY(noxsDivC_64f_I)(Nox64f c, Nox64f* d, int len) { return divide_by_constant<f64>(d, c, d, len); }
+NoxStatus NOX_BODY(noxsDivC_64f_I)(Nox64f c, Nox64f* d, int len) { return divide_by_constant<f64>(d, by_words(c), d, len); }
 
 NoxStatus NOX_BODY(noxsAddC_64fc)(const Nox64fc* a, Nox64fc c, Nox64fc* d, int len) {
-  return unary<c64>(AddConstant<Nox64fc>{c}, a, d, len);
+  return unary<c64>(AddConstant<Nox64fc>{by_words(c)}, a, d, len);
 }
-NoxStatus NOX_BODY(noxsAddC_64fc_I)(Nox64fc c, Nox64fc* d, int len) { return unary<c64>(AddConstant<Nox64fc>{c}, d, d, len); }
+NoxStatus NOX_BODY(noxsAddC_64fc_I)(Nox64fc c, Nox64fc* d, int len) { return unary<c64>(AddConstant<Nox64fc>{by_words(c)}, d, d, len); }
 NoxStatus NOX_BODY(noxsSubC_64fc)(const Nox64fc* a, Nox64fc c, Nox64fc* d, int len) {
-  return unary<c64>(SubtractConstant<Nox64fc>{c}, a, d, len);
+  return unary<c64>(SubtractConstant<Nox64fc>{by_words(c)}, a, d, len);
 }
-NoxStatus NOX_BODY(noxsSubC_64fc_I)(Nox64fc c, Nox64fc* d, int len) { return unary<c64>(SubtractConstant<Nox64fc>{c}, d, d, len); }
+NoxStatus NOX_BODY(noxsSubC_64fc_I)(Nox64fc c, Nox64fc* d, int len) { return unary<c64>(SubtractConstant<Nox64fc>{by_words(c)}, d, d, len); }
 NoxStatus NOX_BODY(noxsSubCRev_64fc)(const Nox64fc* a, Nox64fc c, Nox64fc* d, int len) {
-  return unary<c64>(SubtractFromConstant<Nox64fc>{c}, a, d, len);
+  return unary<c64>(SubtractFromConstant<Nox64fc>{by_words(c)}, a, d, len);
 }
-NoxStatus NOX_BODY(noxsSubCRev_64fc_I)(Nox64fc c, Nox64fc* d, int len) { return unary<c64>(SubtractFromConstant<Nox64fc>{c}, d, d, len); }
+NoxStatus NOX_BODY(noxsSubCRev_64fc_I)(Nox64fc c, Nox64fc* d, int len) { return unary<c64>(SubtractFromConstant<Nox64fc>{by_words(c)}, d, d, len); }
 NoxStatus NOX_BODY(noxsMulC_64fc)(const Nox64fc* a, Nox64fc c, Nox64fc* d, int len) {
-  return unary<c64>(MultiplyByComplex{c}, a, d, len);
+  return unary<c64>(MultiplyByComplex{by_words(c)}, a, d, len);
 }
-NoxStatus NOX_BODY(noxsMulC_64fc_I)(Nox64fc c, Nox64fc* d, int len) { return unary<c64>(MultiplyByComplex{c}, d, d, len); }
+NoxStatus NOX_BODY(noxsMulC_64fc_I)(Nox64fc c, Nox64fc* d, int len) { return unary<c64>(MultiplyByComplex{by_words(c)}, d, d, len); }
 NoxStatus NOX_BODY(noxsDivC_64fc)(const Nox64fc* a, Nox64fc c, Nox64fc* d, int len) {
-  return divide_by_constant<c64>(a, c, d, len);
+  return divide_by_constant<c64>(a, by_words(c), d, len);
 }
-NoxStatus NOX_BODY(noxsDivC_64fc_I)(Nox64fc c, Nox64fc* d, int len) { return divide_by_constant<c64>(d, c, d, len); }
+NoxStatus NOX_BODY(noxsDivC_64fc_I)(Nox64fc c, Nox64fc* d, int len) { return divide_by_constant<c64>(d, by_words(c), d, len); }
 
 }  // extern "C"
