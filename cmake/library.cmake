@@ -65,7 +65,7 @@ file(GLOB NOX_BODIES CONFIGURE_DEPENDS
 # Short entries make short fills and copies fast. These files keep no vector on the stack, so that it needn't be aligned
 # (tools/check_objects.py tells when one does); they refer to no data, so that none is addressed by a register; and their
 # loops leave the pointers that follow, so that those needn't be computed again.
-if(NOT NOX_SANITIZE)
+if(NOT NOX_SANITIZE AND NOX_TEXT_RELOCATIONS)
   set_source_files_properties(${PROJECT_SOURCE_DIR}/vector/block_copy.cpp ${PROJECT_SOURCE_DIR}/vector/block_fill.cpp
                               ${PROJECT_SOURCE_DIR}/vector/move.cpp
                               PROPERTIES COMPILE_OPTIONS "-mincoming-stack-boundary=5;-fno-tree-scev-cprop;-fno-pic")
