@@ -31,30 +31,36 @@ NOX_INLINE C64x2 times_one(C64x2 x, const Nox64f* w) {
   return times<Inverse>(x, {_mm256_broadcast_sd(w)}, {_mm256_broadcast_sd(w + 1)});
 }
 
-// Four lines, `step` lines apart in place, with twiddle factors w; `write(j, half, value)` takes the results.
+// Four lines, `step` lines apart, with twiddle factors w; `write(j, half, value)` takes the results.
 template <bool Inverse, class Write>
 NOX_INLINE void join_lines(const Nox64fc* x, size_t step, const Nox64f* w, Write write) {
-  for (size_t half = 0; half < kLine; half += 2) {
-    const auto at = [=](size_t j) {
-      return [=] { return times_one<Inverse>(C64x2::load(x + j * step * kLine + half), w + 2 * (j - 1)); };
-    };
-    const Four f = four<Inverse>([=] { return C64x2::load(x + half); }, at(1), at(2), at(3));
-    write(size_t{0}, half, f.y0);
-    write(size_t{1}, half, f.y1);
-    write(size_t{2}, half, f.y2);
-    write(size_t{3}, half, f.y3);
-  }
+  const auto join = [=](size_t half) NOX_INLINED {
+    four<Inverse>(
+        [=](int j) NOX_INLINED {
+          const C64x2 v = fetch(x + static_cast<size_t>(j) * step * kLine + half);
+          return j == 0 ? v : times_one<Inverse>(v, w + 2 * (j - 1));
+        },
+        [=](int j, C64x2 y) NOX_INLINED { write(static_cast<size_t>(j), half, y); });
+  };
+  join(0);
+  join(2);
 }
 
 // All sub-transforms of l lines among n, in place.
 template <bool Inverse>
-NOX_INLINE void line_pass(Nox64fc* lines, size_t n, size_t l, const Nox64f* twiddles) {
-  for (Nox64fc *block = lines, *const end = lines + n * kLine; block != end; block += 4 * l * kLine) {
+NOX_PASS void line_pass(Nox64fc* lines, size_t n, size_t l, const Nox64f* twiddles) {
+  const Nox64fc* const end = lines + n * kLine;
+  do {
     const Nox64f* w = twiddles;
-    Nox64fc* x = block;
-    for (size_t k = 0; k < l; ++k, w += 6, x += kLine)
-      join_lines<Inverse>(x, l, w, [=](size_t j, size_t half, C64x2 y) { y.store(x + j * l * kLine + half); });
-  }
+    const Nox64fc* const part = lines + l * kLine;
+    do {
+      Nox64fc* const x = lines;
+      join_lines<Inverse>(x, l, w,
+                          [=](size_t j, size_t half, C64x2 y) NOX_INLINED { y.store(x + j * l * kLine + half); });
+      w += 6, lines += kLine;
+    } while (lines != part);
+    lines += 3 * l * kLine;
+  } while (lines != end);
 }
 
 // The passes of sub-transforms from l up to, but not, `end` lines among n; leaves l and the twiddle factors there.
@@ -63,23 +69,19 @@ NOX_INLINE void line_passes(Nox64fc* lines, size_t n, size_t& l, size_t end, con
   for (; l < end; w += 6 * l, l *= 4) line_pass<Inverse>(lines, n, l, w);
 }
 
-// The first pass of one butterfly: `read(j, half)` gives the value j steps on.
-template <bool Inverse, class Read>
-NOX_INLINE void first_lines(int radix_order, Nox64fc* y, Read read) {
-  for (size_t half = 0; half < kLine; half += 2) {
-    if (radix_order == 2) {
-      const auto at = [&](size_t j) { return [&read, j, half] { return read(j, half); }; };
-      const Four f = four<Inverse>(at(0), at(1), at(2), at(3));
-      f.y0.store(y + half);
-      f.y1.store(y + kLine + half);
-      f.y2.store(y + 2 * kLine + half);
-      f.y3.store(y + 3 * kLine + half);
-    } else {
-      C64x2 f[8];
-      eight<Inverse>([&](size_t j) { return read(j, half); }, f);
-      for (size_t j = 0; j < 8; ++j) f[j].store(y + j * kLine + half);
-    }
-  }
+// One butterfly of the first pass: `read(j, half)` gives the value j steps on.
+template <bool Inverse, int Radix, class Read>
+NOX_INLINE void first_lines(Nox64fc* y, Read read) {
+  const auto join = [&](size_t half) NOX_INLINED {
+    const auto take = [&](int j) NOX_INLINED { return read(static_cast<size_t>(j), half); };
+    const auto give = [&](int j, C64x2 v) NOX_INLINED { v.store(y + static_cast<size_t>(j) * kLine + half); };
+    if constexpr (Radix == 2)
+      four<Inverse>(take, give);
+    else
+      eight<Inverse>(take, give);
+  };
+  join(0);
+  join(2);
 }
 
 // The longest sub-transforms, in lines, that are finished before the next is begun: they stay in the first cache.
@@ -110,7 +112,7 @@ NOX_INLINE void columns_of_large(const LargePlan& p, const Nox64fc* src, Nox64fc
     for (Nox64fc* part = block; part != block + n1 * kLine; part += near * kLine) {
       for (Nox64fc* y = part; y != part + near * kLine; y += kLine << Radix, ++place) {
         const Nox64fc* const x = src + *place * n2;
-        first_lines<Inverse>(Radix, y, [&](size_t j, size_t half) {
+        first_lines<Inverse, Radix>(y, [&](size_t j, size_t half) NOX_INLINED {
           return C64x2{_mm256_mul_pd(C64x2::load(x + j * step * n2 + half).v, factor.v)};
         });
       }
@@ -122,7 +124,7 @@ NOX_INLINE void columns_of_large(const LargePlan& p, const Nox64fc* src, Nox64fc
     // The last pass, with the turns.
     Nox64fc* x = block;
     for (size_t k = 0; k < l; ++k, w += 6, x += kLine, turn += 2 * kLine)
-      join_lines<Inverse>(x, l, w, [=](size_t j, size_t half, C64x2 y) {
+      join_lines<Inverse>(x, l, w, [=](size_t j, size_t half, C64x2 y) NOX_INLINED {
         const C64x2 t = {_mm256_loadu_pd(turn + 2 * (j * l * kLine + half))};
         times<Inverse>(y, re_twice(t), im_twice(t)).store(x + j * l * kLine + half);
       });
@@ -140,7 +142,7 @@ NOX_INLINE void rows_of_large(const LargePlan& p, Nox64fc* dst, Nox64fc* work) {
     for (size_t b = 0; b < step; ++b) {
       for (size_t c = 0; c < kLine; ++c) {
         Nox64fc* const y = lines + (p.rows.places[b * kLine + c] * kLine << Radix);
-        first_lines<Inverse>(Radix, y, [&](size_t j, size_t half) {
+        first_lines<Inverse, Radix>(y, [&](size_t j, size_t half) NOX_INLINED {
           const size_t at = b + j * step;
           const bool last = at == blocks - 1;
           const Nox64fc* const x = last ? dst + g : rows + at * n1 * kLine;
@@ -163,7 +165,7 @@ NOX_INLINE void rows_of_large(const LargePlan& p, Nox64fc* dst, Nox64fc* work) {
     const Nox64fc* x = lines;
     Nox64fc* y = dst + g;
     for (size_t k = 0; k < l; ++k, w += 6, x += kLine, y += n1)
-      join_lines<Inverse>(x, l, w, [=](size_t j, size_t half, C64x2 v) { v.store(y + j * l * n1 + half); });
+      join_lines<Inverse>(x, l, w, [=](size_t j, size_t half, C64x2 v) NOX_INLINED { v.store(y + j * l * n1 + half); });
   }
 }
 

@@ -12,56 +12,60 @@ namespace nox {
 inline namespace NOX_VARIANT {
 
 template <bool Inverse>
-NOX_INLINE void first_pass_of_four(const Nox64fc* x, Nox64fc* y, size_t n, Nox64f scale) {
+NOX_PASS void first_pass_of_four(const Nox64fc* x, Nox64fc* y, size_t step, Nox64f scale) {
   const C64x2 factor = {_mm256_set1_pd(scale)};
-  const size_t step = n / 4;
-  for (size_t q = 0; q < step; q += 2, x += 2, y += 8) {
-    const auto at = [&](size_t j) {
-      return [=] { return C64x2{_mm256_mul_pd(C64x2::load(x + j * step).v, factor.v)}; };
-    };
-    const Four f = four<Inverse>(at(0), at(1), at(2), at(3));
-    low_pair(f.y0, f.y1).store(y);
-    low_pair(f.y2, f.y3).store(y + 2);
-    high_pair(f.y0, f.y1).store(y + 4);
-    high_pair(f.y2, f.y3).store(y + 6);
-  }
+  const Nox64fc* const end = x + step;
+  do {
+    C64x2 f[4];
+    four<Inverse>(
+        [&](int j)
+            NOX_INLINED { return C64x2{_mm256_mul_pd(factor.v, C64x2::load(x + static_cast<size_t>(j) * step).v)}; },
+        [&](int j, C64x2 v) NOX_INLINED { f[j] = v; });
+    low_pair(f[0], f[1]).store(y);
+    low_pair(f[2], f[3]).store(y + 2);
+    high_pair(f[0], f[1]).store(y + 4);
+    high_pair(f[2], f[3]).store(y + 6);
+    x += 2, y += 8;
+  } while (x != end);
 }
 
 template <bool Inverse>
-NOX_INLINE void first_pass_of_eight(const Nox64fc* x, Nox64fc* y, size_t n, Nox64f scale) {
+NOX_PASS void first_pass_of_eight(const Nox64fc* x, Nox64fc* y, size_t step, Nox64f scale) {
   const C64x2 factor = {_mm256_set1_pd(scale)};
-  const size_t step = n / 8;
-  for (size_t q = 0; q < step; q += 2, x += 2, y += 16) {
+  const Nox64fc* const end = x + step;
+  do {
     C64x2 f[8];
-    eight<Inverse>([&](size_t j) { return C64x2{_mm256_mul_pd(C64x2::load(x + j * step).v, factor.v)}; }, f);
+    eight<Inverse>(
+        [&](int j)
+            NOX_INLINED { return C64x2{_mm256_mul_pd(factor.v, C64x2::load(x + static_cast<size_t>(j) * step).v)}; },
+        [&](int j, C64x2 v) NOX_INLINED { f[j] = v; });
     low_pair(f[0], f[1]).store(y);
-    low_pair(f[2], f[3]).store(y + 2);
-    low_pair(f[4], f[5]).store(y + 4);
-    low_pair(f[6], f[7]).store(y + 6);
     high_pair(f[0], f[1]).store(y + 8);
+    low_pair(f[2], f[3]).store(y + 2);
     high_pair(f[2], f[3]).store(y + 10);
+    low_pair(f[4], f[5]).store(y + 4);
     high_pair(f[4], f[5]).store(y + 12);
+    low_pair(f[6], f[7]).store(y + 6);
     high_pair(f[6], f[7]).store(y + 14);
-  }
+    x += 2, y += 16;
+  } while (x != end);
 }
 
 // Joins sub-transforms of length l in an array of four times `step` elements. Only the last pass, with l == step, may
 // be in place.
 template <bool Inverse, bool Wide>
-NOX_INLINE void pass_of_four(const Nox64fc* x, Nox64fc* y, size_t step, size_t l, const Nox64f* twiddles) {
+NOX_PASS void pass_of_four(const Nox64fc* x, Nox64fc* y, size_t step, size_t l, const Nox64f* twiddles) {
   const Nox64fc* const end = x + step;
   do {
     const Nox64f* w = twiddles;
     const Nox64fc* const part = x + l;
     do {
-      const auto at = [=](int j) {
-        return [=] { return twiddled<Inverse, Wide>(x + static_cast<size_t>(j) * step, w, j - 1); };
-      };
-      const Four f = four<Inverse>([=] { return C64x2::load(x); }, at(1), at(2), at(3));
-      f.y0.store(y);
-      f.y1.store(y + l);
-      f.y2.store(y + 2 * l);
-      f.y3.store(y + 3 * l);
+      four<Inverse>(
+          [=](int j) NOX_INLINED {
+            const Nox64fc* const at = x + static_cast<size_t>(j) * step;
+            return j == 0 ? fetch(at) : twiddled<Inverse, Wide>(at, w, j - 1);
+          },
+          [=](int j, C64x2 v) NOX_INLINED { v.store(y + static_cast<size_t>(j) * l); });
       x += 2, y += 2, w += kTwiddleStep<Wide>;
     } while (x != part);
     y += 3 * l;

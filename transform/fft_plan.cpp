@@ -116,7 +116,7 @@ NOX_INLINE void run_passes(const Nox64fc* src, Nox64fc* dst, int order, const No
   const size_t n = size_t{1} << order;
   // The last pass ends in the destination, each before it where the next doesn't write; only it may be in place.
   const bool odd = order % 2 != 0;
-  odd ? first_pass_of_eight<Inverse>(src, work, n, scale) : first_pass_of_four<Inverse>(src, work, n, scale);
+  odd ? first_pass_of_eight<Inverse>(src, work, n / 8, scale) : first_pass_of_four<Inverse>(src, work, n / 4, scale);
   Nox64fc *from = work, *to = dst;
   size_t l = odd ? 8 : 4;
   for (; 4 * l < n; l *= 4) {

@@ -35,11 +35,12 @@ NOX_INLINE void transform_of_4(const Nox64fc* x, Nox64fc* y, Nox64f scale) {
 template <bool Inverse>
 NOX_INLINE void transform_of_8(const Nox64fc* x, Nox64fc* y, Nox64f scale) {
   // The even and the odd values in the two halves of each vector.
-  const auto at = [=](int j) { return [=] { return scaled(x + 2 * j, scale); }; };
-  const Four f = four<Inverse>(at(0), at(1), at(2), at(3));
+  C64x2 f[4];
+  four<Inverse>([=](int j) NOX_INLINED { return scaled(x + 2 * j, scale); },
+                [&](int j, C64x2 v) NOX_INLINED { f[j] = v; });
   constexpr Nox64f h = 0.70710678118654752440;
-  const C64x2 e0 = low_pair(f.y0, f.y1), o0 = high_pair(f.y0, f.y1);
-  const C64x2 e2 = low_pair(f.y2, f.y3), o2 = high_pair(f.y2, f.y3);
+  const C64x2 e0 = low_pair(f[0], f[1]), o0 = high_pair(f[0], f[1]);
+  const C64x2 e2 = low_pair(f[2], f[3]), o2 = high_pair(f[2], f[3]);
   const C64x2 t0 = times<Inverse>(o0, {_mm256_set_pd(h, h, 1.0, 1.0)}, {_mm256_set_pd(-h, -h, 0.0, 0.0)});
   const C64x2 t2 = times<Inverse>(o2, {_mm256_set_pd(-h, -h, 0.0, 0.0)}, {_mm256_set_pd(-h, -h, -1.0, -1.0)});
   (e0 + t0).store(y);
