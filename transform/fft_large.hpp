@@ -97,75 +97,105 @@ struct LargePlan {
   const Nox64f* turns;  // exp(-2 pi i column k1 / N), in the order of the blocks of columns
 };
 
+// Lines that lie far apart are asked for ahead of their use, so many butterflies or lines: no processor guesses them.
+// They go to the second cache, for lines a power of two apart would push each other out of the first.
+constexpr size_t kAhead = 8;
+NOX_INLINE void ask_for(const Nox64fc* p) { _mm_prefetch(reinterpret_cast<const char*>(p), _MM_HINT_T1); }
+
+// The first pass over columns, for `count` butterflies of lines at y from place number `first` on.
 template <bool Inverse, int Radix>
-NOX_INLINE void columns_of_large(const LargePlan& p, const Nox64fc* src, Nox64fc* work, Nox64f scale) {
-  const size_t n1 = size_t{1} << p.columns.order, n2 = size_t{1} << p.rows.order;
+NOX_PASS void gather_columns(const LargePlan& p, const Nox64fc* src, Nox64fc* y, size_t first, size_t count,
+                             Nox64f scale) {
   const C64x2 factor = {_mm256_set1_pd(scale)};
+  const size_t n2 = size_t{1} << p.rows.order, step = n2 << (p.columns.order - Radix);
+  const Nox32u* place = p.columns.places + first;
+  for (const Nox32u* const end = place + count; place != end; ++place, y += kLine << Radix) {
+    const Nox64fc* const x = src + *place * n2;
+    const Nox64fc* const next = src + place[kAhead] * n2;
+    for (size_t j = 0; j < size_t{1} << Radix; ++j) ask_for(next + j * step);
+    first_lines<Inverse, Radix>(y, [&](size_t j, size_t half) NOX_INLINED {
+      return C64x2{_mm256_mul_pd(factor.v, C64x2::load(x + j * step + half).v)};
+    });
+  }
+}
+
+// The last pass over columns, whose results are multiplied by their turns.
+template <bool Inverse>
+NOX_PASS void turn_columns(Nox64fc* x, size_t l, const Nox64f* w, const Nox64f* turns) {
+  for (const Nox64fc* const end = x + l * kLine; x != end; w += 6, x += kLine, turns += 2 * kLine)
+    join_lines<Inverse>(x, l, w, [=](size_t j, size_t half, C64x2 y) NOX_INLINED {
+      const C64x2 t = fetch(reinterpret_cast<const Nox64fc*>(turns) + j * l * kLine + half);
+      times<Inverse>(y, re_twice(t), im_twice(t)).store(x + j * l * kLine + half);
+    });
+}
+
+template <bool Inverse, int Radix>
+NOX_PASS void columns_of_large(const LargePlan& p, const Nox64fc* src, Nox64fc* work, Nox64f scale) {
+  const size_t n1 = size_t{1} << p.columns.order, n2 = size_t{1} << p.rows.order;
   const size_t near = near_lines<Radix>(n1);
-  const Nox64f* turn = p.turns;
-  for (size_t b = 0; b < n2 / kLine; ++b, src += kLine) {
-    Nox64fc* const block = work + b * n1 * kLine;
-    const Nox32u* place = p.columns.places;
-    const size_t step = n1 >> Radix;
+  const Nox64f* turns = p.turns;
+  for (size_t b = 0; b < n2; b += kLine, src += kLine, work += n1 * kLine, turns += 2 * n1 * kLine) {
     const Nox64f* w = p.columns.twiddles;
-    size_t l = size_t{1} << Radix;
-    for (Nox64fc* part = block; part != block + n1 * kLine; part += near * kLine) {
-      for (Nox64fc* y = part; y != part + near * kLine; y += kLine << Radix, ++place) {
-        const Nox64fc* const x = src + *place * n2;
-        first_lines<Inverse, Radix>(y, [&](size_t j, size_t half) NOX_INLINED {
-          return C64x2{_mm256_mul_pd(C64x2::load(x + j * step * n2 + half).v, factor.v)};
-        });
-      }
+    size_t l = 0;
+    for (size_t part = 0; part < n1; part += near) {
+      gather_columns<Inverse, Radix>(p, src, work + part * kLine, part >> Radix, near >> Radix, scale);
       l = size_t{1} << Radix;
       w = p.columns.twiddles;
-      line_passes<Inverse>(part, near, l, near, w);
+      line_passes<Inverse>(work + part * kLine, near, l, near, w);
     }
-    line_passes<Inverse>(block, n1, l, n1 / 4, w);
-    // The last pass, with the turns.
-    Nox64fc* x = block;
-    for (size_t k = 0; k < l; ++k, w += 6, x += kLine, turn += 2 * kLine)
-      join_lines<Inverse>(x, l, w, [=](size_t j, size_t half, C64x2 y) NOX_INLINED {
-        const C64x2 t = {_mm256_loadu_pd(turn + 2 * (j * l * kLine + half))};
-        times<Inverse>(y, re_twice(t), im_twice(t)).store(x + j * l * kLine + half);
+    line_passes<Inverse>(work, n1, l, n1 / 4, w);
+    turn_columns<Inverse>(work, l, w, turns);
+  }
+}
+
+// The first pass over four rows: from the blocks of columns at `rows`, but for the last block from `rest`.
+template <bool Inverse, int Radix>
+NOX_PASS void gather_rows(const LargePlan& p, const Nox64fc* rows, const Nox64fc* rest, Nox64fc* lines) {
+  const size_t n1 = size_t{1} << p.columns.order, block = n1 * kLine;
+  const size_t count = size_t{1} << (p.rows.order - 2 - Radix), step = block * count;
+  const Nox32u* place = p.rows.places;
+  for (size_t b = 0; b < count; ++b, rows += block) {
+    constexpr size_t kLast = (size_t{1} << Radix) - 1;
+    const bool ends = b == count - 1;
+    const Nox64fc* const end = ends ? rest : rows + kLast * step;
+    const size_t end_next = ends ? n1 : kLine;
+    for (size_t c = 0; c < kLine; ++c, ++place) {
+      for (size_t j = 0; j <= kLast; ++j) ask_for(rows + 2 * block + j * step + c * kLine);
+      first_lines<Inverse, Radix>(lines + (*place * kLine << Radix), [&](size_t j, size_t half) NOX_INLINED {
+        const size_t next = j == kLast ? end_next : kLine;
+        const Nox64fc* const x = (j == kLast ? end : rows + j * step) + half * next + c;
+        return C64x2{_mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(&x->re)), _mm_loadu_pd(&x[next].re), 1)};
       });
-    turn += 6 * l * kLine;
+    }
+  }
+}
+
+// The last pass over four rows, into the destination.
+template <bool Inverse>
+NOX_PASS void scatter_rows(const Nox64fc* x, Nox64fc* y, size_t l, size_t n1, const Nox64f* w) {
+  const size_t step = l * n1;
+  for (const Nox64fc* const end = x + l * kLine; x != end; w += 6, x += kLine, y += n1) {
+    for (size_t j = 0; j < 4; ++j) ask_for(y + kAhead * n1 + j * step);
+    join_lines<Inverse>(x, l, w, [=](size_t j, size_t half, C64x2 v) NOX_INLINED { v.store(y + j * step + half); });
   }
 }
 
 template <bool Inverse, int Radix>
-NOX_INLINE void rows_of_large(const LargePlan& p, Nox64fc* dst, Nox64fc* work) {
+NOX_PASS void rows_of_large(const LargePlan& p, Nox64fc* dst, Nox64fc* work) {
   const size_t n1 = size_t{1} << p.columns.order, n2 = size_t{1} << p.rows.order;
-  const size_t blocks = n2 / kLine, step = blocks >> Radix;
-  Nox64fc* const lines = work + (blocks - 1) * n1 * kLine;
+  Nox64fc* const lines = work + (n2 - kLine) * n1;
+  const size_t near = near_lines<Radix>(n2);
   for (size_t g = 0; g < n1; g += kLine) {
-    const Nox64fc* const rows = work + g * kLine;
-    for (size_t b = 0; b < step; ++b) {
-      for (size_t c = 0; c < kLine; ++c) {
-        Nox64fc* const y = lines + (p.rows.places[b * kLine + c] * kLine << Radix);
-        first_lines<Inverse, Radix>(y, [&](size_t j, size_t half) NOX_INLINED {
-          const size_t at = b + j * step;
-          const bool last = at == blocks - 1;
-          const Nox64fc* const x = last ? dst + g : rows + at * n1 * kLine;
-          const size_t next = last ? n1 : kLine;
-          const Nox64fc* const u = x + half * next + c;
-          return C64x2{
-              _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(&u->re)), _mm_loadu_pd(&u[next].re), 1)};
-        });
-      }
-    }
+    gather_rows<Inverse, Radix>(p, work + g * kLine, dst + g, lines);
     const Nox64f* w = p.rows.twiddles;
-    size_t l = size_t{1} << Radix;
-    const size_t near = near_lines<Radix>(n2);
-    for (Nox64fc* part = lines; part != lines + n2 * kLine; part += near * kLine) {
+    size_t l = 0;
+    for (size_t part = 0; part < n2; part += near) {
       l = size_t{1} << Radix;
       w = p.rows.twiddles;
-      line_passes<Inverse>(part, near, l, near, w);
+      line_passes<Inverse>(lines + part * kLine, near, l, near, w);
     }
     line_passes<Inverse>(lines, n2, l, n2 / 4, w);
-    const Nox64fc* x = lines;
-    Nox64fc* y = dst + g;
-    for (size_t k = 0; k < l; ++k, w += 6, x += kLine, y += n1)
-      join_lines<Inverse>(x, l, w, [=](size_t j, size_t half, C64x2 v) NOX_INLINED { v.store(y + j * l * n1 + half); });
+    scatter_rows<Inverse>(lines, dst + g, l, n1, w);
   }
 }
 

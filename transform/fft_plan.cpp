@@ -30,7 +30,10 @@ constexpr int rows_order(int order) { return order / 2; }
 constexpr size_t chain_twiddles(int order) {
   return 6 * sizeof(Nox64f) * (((size_t{1} << order) - (size_t{1} << first_pass_order(order))) / 3);
 }
-constexpr size_t chain_places(int order) { return align_up(sizeof(Nox32u) << (order - first_pass_order(order))); }
+// Behind the places stand the first few again, to be asked for near the end.
+constexpr size_t chain_places(int order) {
+  return align_up(sizeof(Nox32u) * ((size_t{1} << (order - first_pass_order(order))) + kAhead));
+}
 constexpr Nox64u large_bytes(int order) {
   const int c = columns_order(order), r = rows_order(order);
   return (Nox64u{sizeof(Nox64fc)} << order) + align_up(chain_twiddles(c)) + align_up(chain_twiddles(r)) +
@@ -94,6 +97,7 @@ LineChain build_chain(Tables& t, int order) {
     for (size_t d = 1; d < 4; ++d)
       for (size_t i = 0; i < have; ++i) places[d * have + i] = places[i] + static_cast<Nox32u>(d) * digit;
   }
+  for (size_t i = 0; i < kAhead; ++i) places[count + i] = places[i];
   return {order, places, twiddles};
 }
 
@@ -146,7 +150,7 @@ void run_on_stack(const Nox64fc* src, Nox64fc* dst, int order, const Nox64f* w, 
 
 bool plan_size(int order, int& spec_size, int& work_size) {
   const Nox64u n = Nox64u{1} << order;
-  const Nox64u spec = order <= kPlanMiddleOrder ? 18 * n + 2048 : kAlign - 1 + kRecord + large_bytes(order);
+  const Nox64u spec = order <= kPlanMiddleOrder ? 34*n+2048 : kAlign - 1 + kRecord + large_bytes(order);
   const Nox64u work = order <= kPlanDirectOrder ? 0 : sizeof(Nox64fc) * n + 128;
   const bool fits = spec <= 0x7FFFFFFF && work <= 0x7FFFFFFF;
   spec_size = fits ? static_cast<int>(spec) : 0;
@@ -156,7 +160,7 @@ bool plan_size(int order, int& spec_size, int& work_size) {
 
 void plan_init(NoxFftSpec* spec, Nox64f* sines) {
   const int order = spec->order;
-  Nox64f few[(1 << kPlanMiddleOrder) / 4 + 1];
+  static Nox64f few[(1 << kPlanMiddleOrder) / 4 + 1];
   if (order <= kPlanMiddleOrder) sines = few;
   Nox8u* const base = reinterpret_cast<Nox8u*>(spec);
   LargePlan* const large = reinterpret_cast<LargePlan*>(base + kFftHeader);

@@ -11,7 +11,7 @@ namespace nox {
 inline namespace NOX_VARIANT {
 
 constexpr int kPlanDirectOrder = 6;   // no work memory up to here
-constexpr int kPlanMiddleOrder = 10;  // passes over the whole array up to here
+constexpr int kPlanMiddleOrder = 15;  // passes over the whole array up to here
 
 // Bytes of spec and work memory, header and any base address included; false if one passes the range of int.
 bool plan_size(int order, int& spec_size, int& work_size);
