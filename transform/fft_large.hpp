@@ -15,7 +15,7 @@
 namespace nox {
 inline namespace NOX_VARIANT {
 
-constexpr size_t kLine = 4;  // complex values
+constexpr size_t kLine = 8;  // complex values
 
 // How transforms of 2^order lines go: the first pass of four or eight, its lines in the order of `places`, then
 // passes of four.
@@ -44,6 +44,8 @@ NOX_INLINE void join_lines(const Nox64fc* x, size_t step, const Nox64f* w, Write
   };
   join(0);
   join(2);
+  join(4);
+  join(6);
 }
 
 // All sub-transforms of l lines among n, in place.
@@ -82,11 +84,13 @@ NOX_INLINE void first_lines(Nox64fc* y, Read read) {
   };
   join(0);
   join(2);
+  join(4);
+  join(6);
 }
 
 // The longest sub-transforms, in lines, that are finished before the next is begun: they stay in the first cache.
 template <int Radix>
-constexpr size_t kNearLines = Radix == 2 ? 256 : 128;
+constexpr size_t kNearLines = Radix == 2 ? 64 : 128;
 template <int Radix>
 NOX_INLINE size_t near_lines(size_t n) {
   return n / 4 < kNearLines<Radix> ? n / 4 : kNearLines<Radix>;
@@ -100,7 +104,7 @@ struct LargePlan {
 // Lines that lie far apart are asked for ahead of their use, so many butterflies or lines: no processor guesses them.
 // They go to the second cache, for lines a power of two apart would push each other out of the first.
 constexpr size_t kAhead = 8;
-NOX_INLINE void ask_for(const Nox64fc* p) { _mm_prefetch(reinterpret_cast<const char*>(p), _MM_HINT_T1); }
+NOX_INLINE void ask_for(const Nox64fc* p) { _mm_prefetch(reinterpret_cast<const char*>(p+4), _MM_HINT_T1); _mm_prefetch(reinterpret_cast<const char*>(p), _MM_HINT_T1); }
 
 // The first pass over columns, for `count` butterflies of lines at y from place number `first` on.
 template <bool Inverse, int Radix>
@@ -152,7 +156,7 @@ NOX_PASS void columns_of_large(const LargePlan& p, const Nox64fc* src, Nox64fc* 
 template <bool Inverse, int Radix>
 NOX_PASS void gather_rows(const LargePlan& p, const Nox64fc* rows, const Nox64fc* rest, Nox64fc* lines) {
   const size_t n1 = size_t{1} << p.columns.order, block = n1 * kLine;
-  const size_t count = size_t{1} << (p.rows.order - 2 - Radix), step = block * count;
+  const size_t count = size_t{1} << (p.rows.order - 3 - Radix), step = block * count;
   const Nox32u* place = p.rows.places;
   for (size_t b = 0; b < count; ++b, rows += block) {
     constexpr size_t kLast = (size_t{1} << Radix) - 1;
@@ -207,8 +211,7 @@ inline void run_large(const LargePlan& p, const Nox64fc* src, Nox64fc* dst, Nox6
   const Nox64fc* const last = work + (n2 - kLine) * n1;
   for (size_t k = 0; k < n1; ++k) {
     Nox64fc* const line = dst + k % kLine * n1 + (k - k % kLine);
-    C64x2::load(last + k * kLine).store(line);
-    C64x2::load(last + k * kLine + 2).store(line + 2);
+    for (size_t i = 0; i < kLine; i += 2) C64x2::load(last + k * kLine + i).store(line + i);
   }
   p.rows.order % 2 ? rows_of_large<Inverse, 3>(p, dst, work) : rows_of_large<Inverse, 2>(p, dst, work);
 }
