@@ -1,14 +1,14 @@
 // The large orders of the plan: the array as N1 rows of N2 columns, columns first, rows second.
 //
-// Four columns, or four rows, are transformed at a time: a line of four complex values is 64 bytes, a block of N1 or
-// N2 lines stays in the cache, and every twiddle factor inside a block holds for a whole line. Columns are read from
-// the source four apart in whole lines in the order that makes the results come out in natural order, transformed
-// where they will wait in the work memory, and multiplied by exp(-2 pi i column k1 / N). Then four rows k1 at a time
-// are gathered from these blocks, transformed, and written as lines into the destination, at k1 + N1 k2: the array
-// passes through the memory twice.
+// Eight columns, or eight rows, are transformed at a time: a line of eight complex values fills two cache lines, a
+// block of N1 or N2 lines stays in the second cache and parts of it in the first, and every twiddle factor inside a
+// block holds for a whole line. Columns are read from the source in the order that makes their results come out in
+// natural order, transformed where they will wait in the work memory, and multiplied by exp(-2 pi i column k1 / N).
+// Then eight rows k1 at a time are gathered from these blocks, transformed, and written as lines into the destination,
+// at k1 + N1 k2: the array passes through the memory twice.
 //
 // The rows are gathered into the place of the last block of columns. Its results wait in the destination meanwhile,
-// at places that no four rows but their own write to.
+// at places that no eight rows but their own write to.
 #pragma once
 #include "transform/fft_butterfly.hpp"
 
@@ -28,7 +28,9 @@ constexpr int first_pass_order(int order) { return 2 + order % 2; }
 
 template <bool Inverse>
 NOX_INLINE C64x2 times_one(C64x2 x, const Nox64f* w) {
-  return times<Inverse>(x, {_mm256_broadcast_sd(w)}, {_mm256_broadcast_sd(w + 1)});
+  const C64x2 cross = in_register({_mm256_mul_pd(_mm256_broadcast_sd(w + 1), swap_parts(x).v)});
+  const __m256d re = _mm256_broadcast_sd(w);
+  return in_register({Inverse ? _mm256_fmsubadd_pd(x.v, re, cross.v) : _mm256_fmaddsub_pd(x.v, re, cross.v)});
 }
 
 // Four lines, `step` lines apart, with twiddle factors w; `write(j, half, value)` takes the results.
@@ -98,13 +100,15 @@ NOX_INLINE size_t near_lines(size_t n) {
 
 struct LargePlan {
   LineChain columns, rows;
-  const Nox64f* turns;  // exp(-2 pi i column k1 / N), in the order of the blocks of columns
+  const Nox64fc* turns;  // exp(-2 pi i column k1 / N), in the order of use
 };
 
 // Lines that lie far apart are asked for ahead of their use, so many butterflies or lines: no processor guesses them.
 // They go to the second cache, for lines a power of two apart would push each other out of the first.
 constexpr size_t kAhead = 8;
-NOX_INLINE void ask_for(const Nox64fc* p) { _mm_prefetch(reinterpret_cast<const char*>(p+4), _MM_HINT_T1); _mm_prefetch(reinterpret_cast<const char*>(p), _MM_HINT_T1); }
+NOX_INLINE void ask_for(const Nox64fc* line) {
+  for (size_t i = 0; i < kLine; i += 4) _mm_prefetch(reinterpret_cast<const char*>(line + i), _MM_HINT_T1);
+}
 
 // The first pass over columns, for `count` butterflies of lines at y from place number `first` on.
 template <bool Inverse, int Radix>
@@ -123,12 +127,13 @@ NOX_PASS void gather_columns(const LargePlan& p, const Nox64fc* src, Nox64fc* y,
   }
 }
 
-// The last pass over columns, whose results are multiplied by their turns.
+// The last pass over columns, whose results are multiplied by their turns. These stand in the order of use: for the
+// lines k, k + l, k + 2l, k + 3l of one butterfly the first two columns of each, then the next two.
 template <bool Inverse>
-NOX_PASS void turn_columns(Nox64fc* x, size_t l, const Nox64f* w, const Nox64f* turns) {
-  for (const Nox64fc* const end = x + l * kLine; x != end; w += 6, x += kLine, turns += 2 * kLine)
+NOX_PASS void turn_columns(Nox64fc* x, size_t l, const Nox64f* w, const Nox64fc* turns) {
+  for (const Nox64fc* const end = x + l * kLine; x != end; w += 6, x += kLine, turns += 4 * kLine)
     join_lines<Inverse>(x, l, w, [=](size_t j, size_t half, C64x2 y) NOX_INLINED {
-      const C64x2 t = fetch(reinterpret_cast<const Nox64fc*>(turns) + j * l * kLine + half);
+      const C64x2 t = fetch(turns + 4 * half + 2 * j);
       times<Inverse>(y, re_twice(t), im_twice(t)).store(x + j * l * kLine + half);
     });
 }
@@ -137,8 +142,8 @@ template <bool Inverse, int Radix>
 NOX_PASS void columns_of_large(const LargePlan& p, const Nox64fc* src, Nox64fc* work, Nox64f scale) {
   const size_t n1 = size_t{1} << p.columns.order, n2 = size_t{1} << p.rows.order;
   const size_t near = near_lines<Radix>(n1);
-  const Nox64f* turns = p.turns;
-  for (size_t b = 0; b < n2; b += kLine, src += kLine, work += n1 * kLine, turns += 2 * n1 * kLine) {
+  const Nox64fc* turns = p.turns;
+  for (size_t b = 0; b < n2; b += kLine, src += kLine, work += n1 * kLine, turns += n1 * kLine) {
     const Nox64f* w = p.columns.twiddles;
     size_t l = 0;
     for (size_t part = 0; part < n1; part += near) {
@@ -152,7 +157,7 @@ NOX_PASS void columns_of_large(const LargePlan& p, const Nox64fc* src, Nox64fc* 
   }
 }
 
-// The first pass over four rows: from the blocks of columns at `rows`, but for the last block from `rest`.
+// The first pass over eight rows: from the blocks of columns at `rows`, but for the last block from `rest`.
 template <bool Inverse, int Radix>
 NOX_PASS void gather_rows(const LargePlan& p, const Nox64fc* rows, const Nox64fc* rest, Nox64fc* lines) {
   const size_t n1 = size_t{1} << p.columns.order, block = n1 * kLine;
@@ -174,7 +179,7 @@ NOX_PASS void gather_rows(const LargePlan& p, const Nox64fc* rows, const Nox64fc
   }
 }
 
-// The last pass over four rows, into the destination.
+// The last pass over eight rows, into the destination.
 template <bool Inverse>
 NOX_PASS void scatter_rows(const Nox64fc* x, Nox64fc* y, size_t l, size_t n1, const Nox64f* w) {
   const size_t step = l * n1;

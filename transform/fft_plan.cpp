@@ -20,8 +20,20 @@ constexpr size_t align_up(size_t n) { return (n + kAlign - 1) & ~(kAlign - 1); }
 // Whether the pass over sub-transforms of length l has wide twiddle factors: the spec's size doesn't allow them for
 // the longest, which are read once, nor for every short one at the largest order.
 constexpr bool is_wide(int order, size_t l) {
-  return order <= 7 || (4 * l < size_t{1} << order && (order < 10 || l > 4));
+  return order <= 7 || (4 * l < size_t{1} << order && (order != 10 || l > 4));
 }
+
+constexpr size_t passes_bytes(int order) {
+  size_t doubles = 0;
+  for (size_t l = size_t{1} << (2 + order % 2); l < size_t{1} << order; l *= 4)
+    doubles += pass_doubles(l, is_wide(order, l));
+  return doubles * sizeof(Nox64f);
+}
+constexpr bool passes_fit(int order) {
+  return order < 4 ||
+         (kAlign - 1 + kRecord + passes_bytes(order) <= (size_t{18} << order) + 2048 && passes_fit(order - 1));
+}
+static_assert(passes_fit(kNoInitOrder), "the tables of the small orders keep to the stated size");
 
 // ---- large orders: columns are as many as rows or, of odd orders, half as many
 constexpr int columns_order(int order) { return (order + 1) / 2; }
@@ -106,12 +118,15 @@ void build_large(Tables& t, LargePlan* plan) {
   plan->columns = build_chain(t, c);
   plan->rows = build_chain(t, r);
   Nox64fc* turn = t.take<Nox64fc>(sizeof(Nox64fc) << t.order);
-  plan->turns = &turn->re;
-  for (size_t b = 0; b < size_t{1} << r; b += kLine) {
-    for (size_t k = 0; k < size_t{1} << c; ++k) {
-      for (size_t column = b; column < b + kLine; ++column) *turn++ = t.root(column * k);
-    }
-  }
+  plan->turns = turn;
+  const size_t l = (size_t{1} << c) / 4;
+  for (size_t b = 0; b < size_t{1} << r; b += kLine)
+    for (size_t k = 0; k < l; ++k)
+      for (size_t column = b; column < b + kLine; column += 2)
+        for (size_t j = 0; j < 4; ++j, turn += 2) {
+          turn[0] = t.root(column * (k + j * l));
+          turn[1] = t.root((column + 1) * (k + j * l));
+        }
 }
 
 // ---- running
@@ -150,7 +165,11 @@ void run_on_stack(const Nox64fc* src, Nox64fc* dst, int order, const Nox64f* w, 
 
 bool plan_size(int order, int& spec_size, int& work_size) {
   const Nox64u n = Nox64u{1} << order;
-  const Nox64u spec = order <= kPlanMiddleOrder ? 34*n+2048 : kAlign - 1 + kRecord + large_bytes(order);
+  // The small sizes are fixed by those who lay out memory around a spec.
+  const Nox64u spec =
+      order <= kNoInitOrder
+          ? 18 * n + 2048
+          : kAlign - 1 + kRecord + (order <= kPlanMiddleOrder ? passes_bytes(order) : large_bytes(order));
   const Nox64u work = order <= kPlanDirectOrder ? 0 : sizeof(Nox64fc) * n + 128;
   const bool fits = spec <= 0x7FFFFFFF && work <= 0x7FFFFFFF;
   spec_size = fits ? static_cast<int>(spec) : 0;
@@ -160,8 +179,8 @@ bool plan_size(int order, int& spec_size, int& work_size) {
 
 void plan_init(NoxFftSpec* spec, Nox64f* sines) {
   const int order = spec->order;
-  static Nox64f few[(1 << kPlanMiddleOrder) / 4 + 1];
-  if (order <= kPlanMiddleOrder) sines = few;
+  Nox64f few[(1 << kNoInitOrder) / 4 + 1];
+  if (order <= kNoInitOrder) sines = few;
   Nox8u* const base = reinterpret_cast<Nox8u*>(spec);
   LargePlan* const large = reinterpret_cast<LargePlan*>(base + kFftHeader);
   Tables tables{base + kRecord, sines, order};

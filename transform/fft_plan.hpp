@@ -10,6 +10,7 @@
 namespace nox {
 inline namespace NOX_VARIANT {
 
+constexpr int kNoInitOrder = 10;      // up to here the tables need no init memory
 constexpr int kPlanDirectOrder = 6;   // no work memory up to here
 constexpr int kPlanMiddleOrder = 15;  // passes over the whole array up to here
 

@@ -33,7 +33,7 @@ NoxStatus noxsCplxFftGetSize(int order, int flag, int, int* spec_size, int* init
   if (!is_flag(flag)) return noxStsFftFlagErr;
   *init_size = 0;
   if (!plan_size(order, *spec_size, *work_size)) return noxStsFftOrderErr;
-  if (order > kPlanMiddleOrder) *init_size = static_cast<int>((((size_t{2} << order) + 71) & ~size_t{63}) + 64);
+  if (order > kNoInitOrder) *init_size = static_cast<int>((((size_t{2} << order) + 71) & ~size_t{63}) + 64);
   return noxStsNoErr;
 }
 
@@ -54,7 +54,7 @@ NoxStatus noxsCplxFftInit(NoxFftSpec** result, int order, int flag, int hint, No
     spec->normFactor = 1.0 / __builtin_sqrt(n);
   else if (flag != NOX_FFT_SCALE_NONE)
     spec->normFactor = 1.0 / n;
-  if (order > kPlanMiddleOrder && !init) return noxStsNullPtrErr;
+  if (order > kNoInitOrder && !init) return noxStsNullPtrErr;
   int spec_size, work_size;
   if (!plan_size(order, spec_size, work_size)) return noxStsFftOrderErr;
   plan_init(spec, round_up<Nox64f>(init));
