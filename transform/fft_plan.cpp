@@ -17,8 +17,8 @@ constexpr size_t kAlign = 64;
 
 constexpr size_t align_up(size_t n) { return (n + kAlign - 1) & ~(kAlign - 1); }
 
-// Whether the pass over sub-transforms of length l has wide twiddle factors: the spec's size doesn't allow them for
-// the longest, which are read once, nor for every short one at the largest order.
+// Whether the pass over sub-transforms of length l has wide twiddle factors: the stated size of a spec has no room for
+// the longest ones, nor at order 10 for all the others, and above the short form spares the cache.
 constexpr bool is_wide(int order, size_t l) {
   return order <= 7 || (4 * l < size_t{1} << order && (order != 10 || l > 4));
 }
@@ -35,7 +35,7 @@ constexpr bool passes_fit(int order) {
 }
 static_assert(passes_fit(kNoInitOrder), "the tables of the small orders keep to the stated size");
 
-// ---- large orders: columns are as many as rows or, of odd orders, half as many
+// ---- large orders: rows are as many as columns or, of odd orders, twice as many
 constexpr int columns_order(int order) { return (order + 1) / 2; }
 constexpr int rows_order(int order) { return order / 2; }
 // Passes over l = first, 4 first, ... lines take 6 doubles a line.

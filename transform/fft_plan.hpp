@@ -1,6 +1,6 @@
 // The plan of a complex transform for the processors that fuse: how 2^order values are split, and the tables for it.
 //
-// Up to order kDirectOrder a few passes run through a buffer on the stack. The middle orders are a sequence of passes
+// Up to order 6 a few passes run through a buffer on the stack. The middle orders are a sequence of passes
 // of four (the first of four or eight) which leave their results in natural order, to and fro between destination and
 // work memory. The large orders are split into columns and rows, each transformed in a block that stays in the cache.
 // All of a plan lies in the spec's memory behind its header; a transform only reads it.
