@@ -1,7 +1,7 @@
 // The complex transform: sizes of the memory, the spec and its tables, the choice of the engine's range.
 //
 // A build that makes plans has the four operations in the plans' files, and nothing of this engine.
-#if NOX_LEVEL < 4 || !__has_include("transform/fft_plan.hpp")
+#if NOX_LEVEL < 4
 #include "transform/fft_complex_direct.hpp"
 #include "transform/fft_complex_large.hpp"
 

@@ -210,7 +210,9 @@ TEST_P(RealFourier, StatusesInTheirOrder) {
     EXPECT_EQ(both_bad, f.get_size(29, flag, 0, &a, &b, &c)) << flag;
   }
   EXPECT_EQ(noxStsFftOrderErr, f.get_size(29, kNone, 0, &a, &b, &c));
-  EXPECT_EQ(noxStsNoErr, f.get_size(28, kNone, 0, &a, &b, &c));
+  // The work memory of the plan's largest order would pass 31 bits.
+  const NoxStatus largest = GetParam().column == 4 ? noxStsFftOrderErr : noxStsNoErr;
+  EXPECT_EQ(largest, f.get_size(28, kNone, 0, &a, &b, &c));
 
   Guarded<Nox8u> memory(1 << 20);
   void* spec = nullptr;
