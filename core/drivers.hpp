@@ -148,13 +148,27 @@ NOX_INLINE void map_reversed(typename K::elem* d, const typename K::elem* s, int
   f(reverse(V::load(s))).store(end);
 }
 
-// Exchanges element i with element n - 1 - i: vectors from both ends while they don't meet, then single elements.
+// Exchanges element i with element n - 1 - i: vectors from both ends while they don't meet, and two vectors, read first
+// and written last, that cover the middle. Arrays shorter than a vector run in single elements.
 template <class K>
 NOX_INLINE void reverse_in_place(typename K::elem* d, int len) {
   using V = typename K::vec;
   using One = typename K::one;
+  constexpr size_t kVector = sizeof(typename K::elem) * V::N;
   size_t left = static_cast<size_t>(len);
   typename K::elem* high = d + left;  // end of what is still to be exchanged, which d begins
+  if (left < V::N) {
+    for (; left >= 2; left -= 2) {
+      const One front = One::load(d), back = One::load(--high);
+      back.store(d++);
+      front.store(high);
+    }
+    return;
+  }
+  const size_t rest = left % (2 * V::N);
+  const size_t outside = (left - rest) / 2 - (rest < V::N ? (V::N - rest + 1) / 2 : 0);  // elements before the middle
+  typename K::elem *const low_middle = d + outside, *const high_middle = high - outside - V::N;
+  const V middle_front = V::load(low_middle), middle_back = V::load(high_middle);
   const auto exchange = [&](size_t at) {
     typename K::elem *const low = d + at, *const top = high - V::N - at;
     const V front = V::load(low), back = V::load(top);
@@ -164,20 +178,12 @@ NOX_INLINE void reverse_in_place(typename K::elem* d, int len) {
   for (; left >= 4 * V::N; left -= 4 * V::N) {
     exchange(0);
     exchange(V::N);
-    advance(2 * V::N * sizeof *d, d);
-    advance(0 - 2 * V::N * sizeof *d, high);
+    advance(2 * kVector, d);
+    advance(0 - 2 * kVector, high);
   }
-  if (left >= 2 * V::N) {
-    exchange(0);
-    left -= 2 * V::N;
-    d += V::N;
-    high -= V::N;
-  }
-  for (; left >= 2; left -= 2) {
-    const One front = One::load(d), back = One::load(--high);
-    back.store(d++);
-    front.store(high);
-  }
+  if (left >= 2 * V::N) exchange(0);
+  reverse(middle_back).store(low_middle);
+  reverse(middle_front).store(high_middle);
 }
 
 // Accumulates step(acc, x...) in Count vectors and one single lane, then returns fold(vectors, single).
