@@ -3,7 +3,7 @@
 // The first and the last vector of an array stand at its very ends, wherever these are; between them whole vectors run
 // four at a time from a vector boundary of the destination on, and what they share with the two at the ends is computed
 // twice, to the same bits. Arrays shorter than a vector run in single lanes. K names the kind of lanes: f64, c64,
-// ints<T>.
+// split_c64, ints<T>.
 #pragma once
 #include "core/simd/c64.hpp"
 #include "core/simd/f64.hpp"
@@ -30,9 +30,9 @@ template <class E>
 NOX_INLINE E* behind(E* p, size_t bytes) {
   return reinterpret_cast<E*>(reinterpret_cast<uintptr_t>(p) + bytes);
 }
-// Keeps a running offset one register: the compiler would make a pointer of it for each array, and run out of them.
+// Keeps a running value one register: the compiler would make several of it for each array, and run out of them.
 template <class T>
-NOX_INLINE void keep_whole(T& offset) { asm("" : "+r"(offset)); }
+NOX_INLINE void keep_whole(T& value) { asm("" : "+r"(value)); }
 
 // Moves pointers on by `bytes`, each in a register of its own.
 template <class... E>
