@@ -3,7 +3,7 @@
 // The first and the last vector of an array stand at its very ends, wherever these are; between them whole vectors run
 // four at a time from a vector boundary of the destination on, and what they share with the two at the ends is computed
 // twice, to the same bits. Arrays shorter than a vector run in single lanes. K names the kind of lanes: f64, c64,
-// ints<T>.
+// split_c64, ints<T>.
 #pragma once
 #include "core/simd/c64.hpp"
 #include "core/simd/f64.hpp"
@@ -30,9 +30,9 @@ template <class E>
 NOX_INLINE E* behind(E* p, size_t bytes) {
   return reinterpret_cast<E*>(reinterpret_cast<uintptr_t>(p) + bytes);
 }
-// Keeps a running offset one register: the compiler would make a pointer of it for each array, and run out of them.
+// Keeps a running value one register: the compiler would make several of it for each array, and run out of them.
 template <class T>
-NOX_INLINE void keep_whole(T& offset) { asm("" : "+r"(offset)); }
+NOX_INLINE void keep_whole(T& value) { asm("" : "+r"(value)); }
 
 // Moves pointers on by `bytes`, each in a register of its own.
 template <class... E>
@@ -82,10 +82,10 @@ NOX_INLINE void map(typename K::elem* d, int len, F&& f, const S*... s) {
   size_t left = bytes - head;
   advance(head, d, s...);
   for (; left >= 4 * kVector; left -= 4 * kVector) {
-    const V r0 = f(V::load(s)...), r1 = f(V::load(s + V::N)...);
-    store_run<V>(d, r0, r1);
-    const V r2 = f(V::load(s + 2 * V::N)...), r3 = f(V::load(s + 3 * V::N)...);
-    store_run<V>(d + 2 * V::N, r2, r3);
+    store_run<V>(d, f(V::load(s)...));
+    store_run<V>(d + V::N, f(V::load(s + V::N)...));
+    store_run<V>(d + 2 * V::N, f(V::load(s + 2 * V::N)...));
+    store_run<V>(d + 3 * V::N, f(V::load(s + 3 * V::N)...));
     advance(4 * kVector, d, s...);
   }
   for (; left >= kVector; left -= kVector) {
@@ -124,36 +124,66 @@ NOX_INLINE void map_reversed(typename K::elem* d, const typename K::elem* s, int
     for (; i < bytes; i += kElement) f(One::load(behind(s, bytes - kElement - i))).store(behind(d, i));
     return;
   }
-  const typename K::elem* const from = behind(s, bytes - kVector);  // the vector i bytes in front of it goes to d + i
+  const typename K::elem* from = behind(s, bytes - kVector);  // the vector that goes to d
+  typename K::elem* const end = behind(d, bytes - kVector);
   const auto vector = [&](size_t at) { return f(reverse(V::load(behind(from, 0 - at)))); };
   vector(0).store(d);
-  for (i = bytes_to_boundary<V>(d); bytes - i >= 4 * kVector; i += 4 * kVector) {
-    keep_whole(i);
-    const typename K::elem* const back = behind(from, 0 - i);
-    const V r0 = f(reverse(V::load(back))), r1 = f(reverse(V::load(behind(back, 0 - kVector))));
-    const V r2 = f(reverse(V::load(behind(back, 0 - 2 * kVector)))), r3 = f(reverse(V::load(behind(back, 0 - 3 * kVector))));
-    store_run<V>(behind(d, i), r0, r1, r2, r3);
+  const size_t head = bytes_to_boundary<V>(d);
+  size_t left = bytes - head;
+  advance(head, d);
+  advance(0 - head, from);
+  for (; left >= 4 * kVector; left -= 4 * kVector) {
+    store_run<V>(d, vector(0));
+    store_run<V>(d + V::N, vector(kVector));
+    store_run<V>(d + 2 * V::N, vector(2 * kVector));
+    store_run<V>(d + 3 * V::N, vector(3 * kVector));
+    advance(4 * kVector, d);
+    advance(0 - 4 * kVector, from);
   }
-  for (; bytes - i >= kVector; i += kVector) vector(i).store(behind(d, i));
-  vector(bytes - kVector).store(behind(d, bytes - kVector));
+  for (; left >= kVector; left -= kVector) {
+    vector(0).store(d);
+    advance(kVector, d);
+    advance(0 - kVector, from);
+  }
+  f(reverse(V::load(s))).store(end);
 }
 
-// Exchanges element i with element n - 1 - i: vectors from both ends while they don't meet, then single elements.
+// Exchanges element i with element n - 1 - i: vectors from both ends while they don't meet, and two vectors, read first
+// and written last, that cover the middle. Arrays shorter than a vector run in single elements.
 template <class K>
 NOX_INLINE void reverse_in_place(typename K::elem* d, int len) {
   using V = typename K::vec;
   using One = typename K::one;
-  size_t low = 0, high = static_cast<size_t>(len);
-  for (; high - low >= 2 * V::N; low += V::N, high -= V::N) {
-    const V front = V::load(d + low), back = V::load(d + high - V::N);
-    reverse(back).store(d + low);
-    reverse(front).store(d + high - V::N);
+  constexpr size_t kVector = sizeof(typename K::elem) * V::N;
+  size_t left = static_cast<size_t>(len);
+  typename K::elem* high = d + left;  // end of what is still to be exchanged, which d begins
+  if (left < V::N) {
+    for (; left >= 2; left -= 2) {
+      const One front = One::load(d), back = One::load(--high);
+      back.store(d++);
+      front.store(high);
+    }
+    return;
   }
-  for (; high - low >= 2; ++low, --high) {
-    const One front = One::load(d + low), back = One::load(d + high - 1);
-    back.store(d + low);
-    front.store(d + high - 1);
+  const size_t rest = left % (2 * V::N);
+  const size_t outside = (left - rest) / 2 - (rest < V::N ? (V::N - rest + 1) / 2 : 0);  // elements before the middle
+  typename K::elem *const low_middle = d + outside, *const high_middle = high - outside - V::N;
+  const V middle_front = V::load(low_middle), middle_back = V::load(high_middle);
+  const auto exchange = [&](size_t at) {
+    typename K::elem *const low = d + at, *const top = high - V::N - at;
+    const V front = V::load(low), back = V::load(top);
+    reverse(back).store(low);
+    reverse(front).store(top);
+  };
+  for (; left >= 4 * V::N; left -= 4 * V::N) {
+    exchange(0);
+    exchange(V::N);
+    advance(2 * kVector, d);
+    advance(0 - 2 * kVector, high);
   }
+  if (left >= 2 * V::N) exchange(0);
+  reverse(middle_back).store(low_middle);
+  reverse(middle_front).store(high_middle);
 }
 
 // Accumulates step(acc, x...) in Count vectors and one single lane, then returns fold(vectors, single).

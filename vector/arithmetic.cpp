@@ -120,9 +120,9 @@ NoxStatus NOX_BODY(noxsMul_64f)(const Nox64f* a, const Nox64f* b, Nox64f* d, int
 }
 NoxStatus NOX_BODY(noxsMul_64f_I)(const Nox64f* a, Nox64f* d, int len) { return binary<f64>(Multiply{}, a, d, d, len); }
 NoxStatus NOX_BODY(noxsMul_64fc)(const Nox64fc* a, const Nox64fc* b, Nox64fc* d, int len) {
-  return binary<c64>(Multiply{}, a, b, d, len);
+  return binary<split_c64>(Multiply{}, a, b, d, len);
 }
-NoxStatus NOX_BODY(noxsMul_64fc_I)(const Nox64fc* a, Nox64fc* d, int len) { return binary<c64>(Multiply{}, a, d, d, len); }
+NoxStatus NOX_BODY(noxsMul_64fc_I)(const Nox64fc* a, Nox64fc* d, int len) { return binary<split_c64>(Multiply{}, a, d, d, len); }
 
 NoxStatus NOX_BODY(noxsAddProduct_64f)(const Nox64f* a, const Nox64f* b, Nox64f* d, int len) {
   if (const NoxStatus st = check(len, a, b, d)) return st;
@@ -133,11 +133,11 @@ NoxStatus NOX_BODY(noxsSqr_64f)(const Nox64f* a, Nox64f* d, int len) { return un
 NoxStatus NOX_BODY(noxsSqr_64f_I)(Nox64f* d, int len) { return unary<f64>(Square{}, d, d, len); }
 NoxStatus NOX_BODY(noxsAddProduct_64fc)(const Nox64fc* a, const Nox64fc* b, Nox64fc* d, int len) {
   if (const NoxStatus st = check(len, a, b, d)) return st;
-  map<c64>(d, len, AddProduct{}, a, b, d);
+  map<split_c64>(d, len, AddProduct{}, a, b, d);
   return noxStsNoErr;
 }
-NoxStatus NOX_BODY(noxsSqr_64fc)(const Nox64fc* a, Nox64fc* d, int len) { return unary<c64>(Square{}, a, d, len); }
-NoxStatus NOX_BODY(noxsSqr_64fc_I)(Nox64fc* d, int len) { return unary<c64>(Square{}, d, d, len); }
+NoxStatus NOX_BODY(noxsSqr_64fc)(const Nox64fc* a, Nox64fc* d, int len) { return unary<split_c64>(Square{}, a, d, len); }
+NoxStatus NOX_BODY(noxsSqr_64fc_I)(Nox64fc* d, int len) { return unary<split_c64>(Square{}, d, d, len); }
 
 NoxStatus NOX_BODY(noxsAddC_64f)(const Nox64f* a, Nox64f c, Nox64f* d, int len) {
   return unary<f64>(AddConstant<Nox64f>{by_words(c)}, a, d, len);
