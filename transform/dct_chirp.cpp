@@ -24,12 +24,13 @@ void multiply(Nox64fc* z, const Nox64fc* by, size_t count) { map<c64>(z, static_
 
 void make_chirp(Nox64fc* c, Nox32u points) {
   Nox32u square = 0;  // n^2 modulo 2L
-  for (Nox32u n = 0; n < points; ++n) {
-    const Turn w = turn(square, 2 * points);
-    c[n] = {w.cosine, -w.sine};
+  const auto next_square = [&](Nox32u n) {
+    const Nox32u at = square;
     square += 2 * n + 1;
     if (square >= 2 * points) square -= 2 * points;
-  }
+    return at;
+  };
+  for_turns(points, 2 * points, next_square, [=](Nox32u n, Turn w) { c[n] = {w.cosine, -w.sine}; });
 }
 
 NoxStatus make_filter(Nox64fc* h, const Nox64fc* c, Nox32u points, size_t len, const NoxFftSpec* fft, Nox8u* work) {
@@ -98,10 +99,11 @@ NoxStatus dct_init_chirp(DctSpec* spec, bool inverse, Nox8u* tables, Nox8u* init
   if (fft->workSize > 0 && !init) return noxStsNullPtrErr;
   make_chirp(c, chirp.points);
   if (const NoxStatus st = make_filter(filter, c, chirp.points, len, fft, init)) return st;
-  for (Nox32u k = 0; k < chirp.points; ++k) {
-    const Turn w = turn(k, 2 * chirp.points);
-    factors[k] = inverse ? Nox64fc{w.cosine, -w.sine} : Nox64fc{0.5 * w.cosine, 0.5 - 0.5 * w.sine};
-  }
+  for_turns(
+      chirp.points, 2 * chirp.points, [](Nox32u k) { return k; },
+      [=](Nox32u k, Turn w) {
+        factors[k] = inverse ? Nox64fc{w.cosine, -w.sine} : Nox64fc{0.5 * w.cosine, 0.5 - 0.5 * w.sine};
+      });
   dct_make_turns(*spec, inverse, turns, points);
   spec->pChirp = c;
   spec->pChirpFilter = filter;

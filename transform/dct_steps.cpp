@@ -80,11 +80,12 @@ void dct_unpart(const Nox64f* s, Nox64f* d, size_t n) {
 void dct_make_turns(const DctSpec& spec, bool inverse, Nox64fc* turns, size_t count) {
   const Nox32u whole = 4 * static_cast<Nox32u>(spec.len);
   const Nox64f scale = inverse ? 0.5 * spec.scaleK : spec.scaleK;
+  for_turns(
+      static_cast<Nox32u>(count), whole, [](Nox32u k) { return k; },
+      [=](Nox32u k, Turn w) {
+        turns[k] = {scale * w.cosine, scale * w.sine};
+      });
   turns[0] = {spec.scale0, 0};
-  for (size_t k = 1; k < count; ++k) {
-    const Turn w = turn(static_cast<Nox32u>(k), whole);
-    turns[k] = {scale * w.cosine, scale * w.sine};
-  }
 }
 
 void dct_turn_out(const Nox64fc* spectrum, const Nox64fc* turns, Nox64f* d, size_t n) {

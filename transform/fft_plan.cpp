@@ -4,8 +4,8 @@
 #if NOX_LEVEL >= 4
 #include "transform/fft_large.hpp"
 #include "transform/fft_passes.hpp"
-#include "transform/fft_sine.hpp"
 #include "transform/fft_small.hpp"
+#include "transform/sine.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
@@ -55,7 +55,7 @@ constexpr Nox64u large_bytes(int order) {
 // ---- building
 struct Tables {
   Nox8u* at;
-  const Nox64f* sines;
+  Wave wave;
   int order;
   template <class T>
   T* take(size_t bytes) {
@@ -63,7 +63,7 @@ struct Tables {
     at += align_up(bytes);
     return p;
   }
-  Nox64fc root(size_t k) const { return root_of_unity(sines, order, k); }
+  Nox64fc root(size_t k) const { return {wave.cosine(k), -wave.sine(k)}; }
 };
 
 // The twiddle factors of the middle and small orders.
@@ -179,16 +179,13 @@ bool plan_size(int order, int& spec_size, int& work_size) {
 
 void plan_init(NoxFftSpec* spec, Nox64f* sines) {
   const int order = spec->order;
-  Nox64f few[(1 << kNoInitOrder) / 4 + 1];
-  if (order <= kNoInitOrder) sines = few;
   Nox8u* const base = reinterpret_cast<Nox8u*>(spec);
   LargePlan* const large = reinterpret_cast<LargePlan*>(base + kFftHeader);
-  Tables tables{base + kRecord, sines, order};
   spec->plan = large;
-  spec->pTwiddle = reinterpret_cast<const Nox64f*>(tables.at);
+  spec->pTwiddle = reinterpret_cast<const Nox64f*>(base + kRecord);
   spec->workSize = order <= kPlanDirectOrder ? 0 : static_cast<Nox32s>((sizeof(Nox64fc) << order) + 128);
   if (order < 4) return;
-  quarter_sines(order, sines);
+  Tables tables{base + kRecord, make_wave(order, sines), order};
   order <= kPlanMiddleOrder ? build_passes(tables) : build_large(tables, large);
 }
 

@@ -96,11 +96,12 @@ NOX_INLINE void recombine_two_level(size_t m, const Nox64f* table, const Nox64f*
 
 }  // namespace
 
-void make_recombination(int order, Nox64f* forward, Nox64f* inverse) {
+void make_recombination(int order, Nox64f* init, Nox64f* forward, Nox64f* inverse) {
   const Nox32u n = Nox32u{1} << order;
   const bool plain = order < real_fft_range.two_level;
+  const Wave wave = make_wave(order, init);
   for (Nox32u k = 1; k <= (plain ? n / 4 : Nox32u{kFine}); ++k) {
-    const Turn w = turn(k, n);
+    const Turn w = wave.early(k);
     const size_t at = 4 * size_t{(k - 1) / 2} + (k - 1) % 2;
     forward[at] = plain ? 0.5 * w.cosine : w.cosine;
     forward[at + 2] = plain ? 0.5 - 0.5 * w.sine : -w.sine;
@@ -110,7 +111,7 @@ void make_recombination(int order, Nox64f* forward, Nox64f* inverse) {
   if (plain) return;
   Nox64f* const both[] = {forward, inverse};
   for (Nox32u j = 0; j < n / 4 / kFine; ++j) {
-    const Turn w = turn(j * Nox32u{kFine}, n);
+    const Turn w = wave.early(j * kFine);
     for (Nox64f* const table : both) {
       table[kFineDoubles + 2 * j] = w.cosine;
       table[kFineDoubles + 2 * j + 1] = -w.sine;
