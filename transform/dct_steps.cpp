@@ -1,31 +1,11 @@
 // Reordering before and turning after the Fourier transform, a vector at a time.
 #include "transform/dct.hpp"
-#include "transform/fft_complex_lanes.hpp"
+#include "transform/dct_lanes.hpp"
 #include "transform/sine.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
 namespace {
-
-using V = f64::vec;
-
-// Complex values, real and imaginary parts apart.
-template <class L>
-NOX_INLINE Split<L> load_parts(const Nox64fc* z) {
-  if constexpr (L::N == 1)
-    return {L::load(&z->re), L::load(&z->im)};
-  else
-    return load_joined<L>(&z->re);
-}
-template <class L>
-NOX_INLINE void store_parts(Nox64fc* z, Split<L> x) {
-  if constexpr (L::N == 1) {
-    x.re.store(&z->re);
-    x.im.store(&z->im);
-  } else {
-    store_joined(&z->re, x);
-  }
-}
 
 // Elements k, k + 1, ... and n - k, n - k - 1, ... of the coefficients, as many as there are lanes.
 template <class L>
@@ -39,16 +19,6 @@ NOX_INLINE void turn_in(const Nox64f* s, const Nox64fc* turns, Nox64fc* spectrum
   const Split<L> w = load_parts<L>(turns + k);
   const L low = L::load(s + k), high = reverse(L::load(s + n - k - (L::N - 1)));
   store_parts(spectrum + k, Split<L>{low * w.re + high * w.im, low * w.im - high * w.re});
-}
-
-// step(lanes, k) for k from `from` up to, but not, `to`: by vectors, what is left by ever fewer lanes.
-template <class Step>
-NOX_INLINE void by_lanes(size_t from, size_t to, Step step) {
-  size_t k = from;
-  for (; k + V::N <= to; k += V::N) step(V{}, k);
-  if constexpr (V::N > 2)
-    if (k + 2 <= to) step(F64x2{}, k), k += 2;
-  if (k < to) step(F64x1{}, k);
 }
 
 }  // namespace
