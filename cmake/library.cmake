@@ -82,13 +82,21 @@ endforeach()
 
 # ---- the rest, once
 file(GLOB NOX_ONCE CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/core/*.cpp ${PROJECT_SOURCE_DIR}/core/*.S
-     ${PROJECT_SOURCE_DIR}/array/*.cpp ${PROJECT_SOURCE_DIR}/adapters/*.cpp)
-add_library(nox SHARED ${NOX_ONCE} ${NOX_GENERATED}/dispatch.S ${NOX_GENERATED}/index_forms.cpp ${NOX_OBJECTS})
+     ${PROJECT_SOURCE_DIR}/adapters/*.cpp)
+# The array layer has one build, which is written with the lanes and drivers of the others, at the level of SSE2.
+file(GLOB NOX_ARRAY CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/array/*.cpp)
+set_source_files_properties(${NOX_ARRAY} PROPERTIES COMPILE_DEFINITIONS "NOX_VARIANT=array;NOX_LEVEL=0"
+                            COMPILE_OPTIONS "-fno-tree-loop-distribute-patterns;${NOX_SHORT_FRAMES}")
+add_library(nox SHARED ${NOX_ONCE} ${NOX_ARRAY} ${NOX_GENERATED}/dispatch.S ${NOX_GENERATED}/index_forms.cpp
+            ${NOX_OBJECTS})
 nox_internal_target(nox)
 target_compile_options(nox PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${NOX_WARNINGS} ${NOX_CODE} ${NOX_BASE} -msse2>)
-# Forwarders call stubs and bodies alone, which take any stack: no need to align it for them.
-set_source_files_properties(${NOX_GENERATED}/index_forms.cpp ${PROJECT_SOURCE_DIR}/adapters/move_index.cpp
+# Forwarders call stubs and bodies alone, which take any stack: no need to align it for them. Nor do they need the
+# address of a table to call what is linked beside them: they end in a jump.
+set_source_files_properties(${PROJECT_SOURCE_DIR}/adapters/move_index.cpp
                             PROPERTIES COMPILE_OPTIONS "${NOX_SHORT_FRAMES}")
+set_source_files_properties(${NOX_GENERATED}/index_forms.cpp
+                            PROPERTIES COMPILE_OPTIONS "-fno-pic;${NOX_SHORT_FRAMES}")
 target_include_directories(nox INTERFACE
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<BUILD_INTERFACE:${NOX_GENERATED}/include>
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
