@@ -44,9 +44,9 @@ TEST_P(FftTurns, ErrorsAreRoundingAndSymmetriesHold) {
       const uint32_t part = static_cast<uint32_t>(random.bits() % whole);
       const Turn w = turn(part, whole), mirrored = turn(whole - part, whole);
       const long double angle = reference::kTurn * (2.0L * part > whole ? -1.0L * (whole - part) : part) / whole;
-      // Half a unit in the last place and a little, and the error of the angle in long double.
+      // Five eighths of a unit in the last place, and the error of the angle in long double.
       const auto near = [](double got, long double exact) {
-        return std::abs(got - exact) <= std::abs(exact) * 0x1.1p-53L + 0x1p-61L;
+        return std::abs(got - exact) <= std::abs(exact) * 0x1.4p-53L + 0x1p-61L;
       };
       EXPECT_TRUE(near(w.sine, std::sin(angle))) << part << " of " << whole;
       EXPECT_TRUE(near(w.cosine, std::cos(angle))) << part << " of " << whole;
