@@ -24,16 +24,12 @@ struct Build {
   const transforms::Operations* complex;
   const transforms::RealFft* real;
 };
-const Build& build() {
-  static const Build builds[] = {{"w7", &w7_complex_fft, &w7_real_fft},
-                                 {"s8", &s8_complex_fft, &s8_real_fft},
-                                 {"p8", &p8_complex_fft, &p8_real_fft},
-                                 {"g9", &g9_complex_fft, &g9_real_fft},
-                                 {"h9", &h9_complex_fft, &h9_real_fft}};
-  for (const Build& b : builds)
-    if (!strcmp(b.tag, noxsGetLibVersion()->targetCpu)) return b;
-  return builds[0];
-}
+const Build kBuilds[] = {{"w7", &w7_complex_fft, &w7_real_fft},
+                         {"s8", &s8_complex_fft, &s8_real_fft},
+                         {"p8", &p8_complex_fft, &p8_real_fft},
+                         {"g9", &g9_complex_fft, &g9_real_fft},
+                         {"h9", &h9_complex_fft, &h9_real_fft}};
+Build build;  // the one being measured
 
 // What the row's preparation made, in the work memory.
 struct Prepared {
@@ -61,27 +57,27 @@ NoxStatus prepare_fft(const Table& get_size, const Operands* o) {
   lay_out(o, spec, init);
   return st;
 }
-NoxStatus make_complex(const Operands* o) { return make_fft(build().complex->init, o); }
-NoxStatus make_real(const Operands* o) { return make_fft(build().real->init, o); }
+NoxStatus make_complex(const Operands* o) { return make_fft(build.complex->init, o); }
+NoxStatus make_real(const Operands* o) { return make_fft(build.real->init, o); }
 NoxStatus prepare_complex(const Operands* o) {
-  const NoxStatus st = prepare_fft(build().complex->size, o);
+  const NoxStatus st = prepare_fft(build.complex->size, o);
   return st ? st : make_complex(o);
 }
 NoxStatus prepare_real(const Operands* o) {
-  const NoxStatus st = prepare_fft(build().real->get_size, o);
+  const NoxStatus st = prepare_fft(build.real->get_size, o);
   return st ? st : make_real(o);
 }
 NoxStatus complex_forward(const Operands* o) {
-  return build().complex->forward(first<Nox64fc>(o), destination<Nox64fc>(o), prepared.spec, prepared.work);
+  return build.complex->forward(first<Nox64fc>(o), destination<Nox64fc>(o), prepared.spec, prepared.work);
 }
 NoxStatus complex_in_place(const Operands* o) {
-  return build().complex->forward(destination<Nox64fc>(o), destination<Nox64fc>(o), prepared.spec, prepared.work);
+  return build.complex->forward(destination<Nox64fc>(o), destination<Nox64fc>(o), prepared.spec, prepared.work);
 }
 NoxStatus real_forward(const Operands* o) {
-  return build().real->forward_perm(first<Nox64f>(o), destination<Nox64f>(o), prepared.spec, prepared.work);
+  return build.real->forward_perm(first<Nox64f>(o), destination<Nox64f>(o), prepared.spec, prepared.work);
 }
 NoxStatus real_inverse(const Operands* o) {
-  return build().real->inverse_perm(first<Nox64f>(o), destination<Nox64f>(o), prepared.spec, prepared.work);
+  return build.real->inverse_perm(first<Nox64f>(o), destination<Nox64f>(o), prepared.spec, prepared.work);
 }
 
 template <auto Init>
@@ -118,6 +114,8 @@ Row by_length(const char* name, NoxStatus (*call)(const Operands*), int len, Nox
 }
 
 Family make_ffts() {
+  for (const Build& b : kBuilds)
+    if (!strcmp(b.tag, noxsGetLibVersion()->targetCpu)) build = b;
   Family family{"fft", "Fourier transforms", {}};
   for (int order = 1; order <= 22; ++order) {
     family.rows.push_back(by_order<Nox64fc>("complex FFT", complex_forward, order, prepare_complex));

@@ -10,35 +10,31 @@
 
 namespace {
 
-const vmath::Functions& functions() {
-  struct Build {
-    const char* tag;
-    const vmath::Functions& table;
-  };
-  static const Build builds[] = {
-      {"w7", w7_vmath}, {"s8", s8_vmath}, {"p8", p8_vmath}, {"g9", g9_vmath}, {"h9", h9_vmath}};
-  for (const Build& b : builds)
-    if (!strcmp(b.tag, noxsGetLibVersion()->targetCpu)) return b.table;
-  return w7_vmath;
-}
+struct Build {
+  const char* tag;
+  const vmath::Functions* table;
+};
+const Build kBuilds[] = {{"w7", &w7_vmath}, {"s8", &s8_vmath}, {"p8", &p8_vmath}, {"g9", &g9_vmath}, {"h9", &h9_vmath}};
+vmath::Functions functions;  // of the build being measured
+
 size_t length(const Operands* o) { return static_cast<size_t>(o->len); }
 
 template <auto Member>
 NoxStatus array(const Operands* o) {
-  (functions().*Member)(destination<double>(o), first<double>(o), length(o));
+  (functions.*Member)(destination<double>(o), first<double>(o), length(o));
   return noxStsNoErr;
 }
 template <auto Member>
 NoxStatus single(const Operands* o) {
-  for (size_t i = 0; i < length(o); ++i) destination<double>(o)[i] = (functions().*Member)(first<double>(o)[i]);
+  for (size_t i = 0; i < length(o); ++i) destination<double>(o)[i] = (functions.*Member)(first<double>(o)[i]);
   return noxStsNoErr;
 }
 NoxStatus both(const Operands* o) {
-  functions().sincos_array(destination<double>(o), other<double>(o), first<double>(o), length(o));
+  functions.sincos_array(destination<double>(o), other<double>(o), first<double>(o), length(o));
   return noxStsNoErr;
 }
 NoxStatus arc_tangent(const Operands* o) {
-  functions().atan2_array(destination<double>(o), second<double>(o), first<double>(o), length(o));
+  functions.atan2_array(destination<double>(o), second<double>(o), first<double>(o), length(o));
   return noxStsNoErr;
 }
 
@@ -49,6 +45,8 @@ Row function(const char* name, NoxStatus (*call)(const Operands*), Data data, co
 
 Family make() {
   using F = vmath::Functions;
+  for (const Build& b : kBuilds)
+    if (!strcmp(b.tag, noxsGetLibVersion()->targetCpu)) functions = *b.table;
   Family family{"vmath", "Elementary functions", {}};
   const struct {
     Data data;
