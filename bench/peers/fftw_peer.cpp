@@ -1,4 +1,4 @@
-// FFTW's transforms by plans it measured. Below AVX the build links it so that it finds no AVX on the processor.
+// FFTW's transforms by plans it measured. Under w7 the build links it so that it finds no AVX on the processor.
 //
 // Plans are made on arrays of FFTW's own, since measuring overwrites them, and run on the harness's, which are aligned
 // alike. What planning learns is kept in a file beside the program, for the next process.
