@@ -1,6 +1,6 @@
 // SLEEF's functions with errors up to 1 unit in the last place, in loops over arrays; of the widest vectors of the
 // level.
-#if __has_include(<sleef.h>)
+#ifdef NOX_BENCH_SLEEF
 #include <immintrin.h>
 #include <sleef.h>
 
