@@ -1,4 +1,4 @@
-/* Filters: the single-rate FIR filter.
+/* Filters: here the single-rate FIR filter, the others in nox/filter/.
  *
  * A FIR filter computes y[n] = sum over j < tapsLen of taps[j] * x[n - j]. Its spec holds the taps and no signal: the
  * past samples come in and go out through two delay-line arrays of tapsLen - 1 elements, oldest first, so a stream is
@@ -95,5 +95,7 @@ noxsFIRSR_64fc(const Nox64fc pSrc[], Nox64fc pDst[], int numIters, const NoxFirS
                NOX_NULLABLE const Nox64fc pDlySrc[], NOX_NULLABLE Nox64fc pDlyDst[], Nox8u* pBuf);
 
 NOX_END_DECLS
+
+#include "nox/filter/multirate.h"
 
 #endif
