@@ -138,6 +138,22 @@ TEST_P(FirOverlap, AnyCutContinuesTheSignal) {
   });
 }
 
+TEST_P(FirOverlap, NanStaysInItsBlock) {
+  for_both_types([](auto zero) {
+    using T = decltype(zero);
+    kit::Random random;
+    constexpr size_t kTaps = 40, kPast = kTaps - 1;
+    const size_t valid = static_cast<size_t>(transform_length(kTaps)) - kPast, n = valid + 10;
+    FirStream<T> stream(random_elements<T>(random, kTaps), 0, NOX_ALG_FFT);
+    std::vector<T> samples = random_elements<T>(random, n), line(kPast);
+    reinterpret_cast<Nox64f&>(samples[0]) = std::nan("");
+    const std::vector<T> out = filter_block(stream, Way::Apart, samples.data(), n, line);
+    EXPECT_FALSE(std::isfinite(static_cast<double>(reference::real_part(out[0]))));
+    for (size_t i = valid; i < n; ++i)
+      EXPECT_TRUE(std::isfinite(static_cast<double>(reference::real_part(out[i])))) << "output " << i;
+  });
+}
+
 // The lengths from which each build, w7 first, leaves the direct sum.
 struct Threshold {
   int taps, samples;

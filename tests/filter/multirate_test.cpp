@@ -47,6 +47,7 @@ class MrStream {
   MrStream(const std::vector<T>& taps, const Rates& r, size_t place = 0)
       : MrStream(taps, r, place, mr_sizes(static_cast<int>(taps.size()), r, FirOf<T>::kType)) {}
   void run(const T* src, T* dst, size_t iterations, const T* dlySrc, T* dlyDst) {
+    work_.fill_with(0xFF);  // NaN, whatever the element
     ASSERT_EQ(noxStsNoErr,
               kit::call(MrOf<T>::run, src, dst, static_cast<int>(iterations), spec(), dlySrc, dlyDst, work_.data()));
     // Only a call in place may write the spec.
