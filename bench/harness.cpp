@@ -18,7 +18,7 @@ namespace {
 constexpr int kMiB = 1 << 20;
 constexpr int kLargest = 32 * kMiB;
 constexpr int kFront = 8192;  // past samples of filters; whole pages
-constexpr int kMaxTaps = 181;
+constexpr int kMaxTaps = 3840;
 // Three lengths: 1000 elements in L1, 128 KiB an array in L2, 32 MiB an array in memory.
 constexpr int kElementsL1 = 1000;
 constexpr int kBytesL2 = 128 * 1024;

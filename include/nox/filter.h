@@ -1,4 +1,4 @@
-/* Filters: the single-rate FIR filter.
+/* Filters: here the single-rate FIR filter, the others in nox/filter/.
  *
  * A FIR filter computes y[n] = sum over j < tapsLen of taps[j] * x[n - j]. Its spec holds the taps and no signal: the
  * past samples come in and go out through two delay-line arrays of tapsLen - 1 elements, oldest first, so a stream is
@@ -15,7 +15,7 @@ NOX_BEGIN_DECLS
 enum NoxAlgType {
   NOX_ALG_AUTO = 0,   /**< the faster method, chosen at each call by the length of taps and of data */
   NOX_ALG_DIRECT = 1, /**< the direct sum */
-  NOX_ALG_FFT = 2     /**< overlap-save by Fourier transforms; at present served by the direct sum too */
+  NOX_ALG_FFT = 2     /**< overlap-save: blocks of samples by Fourier transforms */
 };
 
 /** Element-type codes of the size queries. */
@@ -57,11 +57,24 @@ NOX_API(NoxStatus) noxsFIRSRInit_64fc(const Nox64fc pTaps[], int tapsLen, int al
 /**
  * @brief Filters a block: `pDst[i]` is the sum over j of taps[j] times the sample j before `pSrc[i]`.
  *
- * The samples before pSrc[0] come from @p pDlySrc. The terms of a sum are added from the oldest sample to the newest
- * whatever the place of the output, so a stream cut into blocks at any places gives the same bits as one call. The h9
- * build fuses multiply and add, so its last bits differ from those of the other four, which agree. In place, with
- * pSrc equal to pDst, the filter works in chunks staged in @p pBuf. Any number of threads may share a spec, each with
- * its own buffer and delay lines.
+ * The samples before pSrc[0] come from @p pDlySrc. A spec of ::NOX_ALG_DIRECT filters by the direct sum, one of
+ * ::NOX_ALG_FFT by transforms, and one of ::NOX_ALG_AUTO by transforms where taps and samples are at least
+ *
+ * | build | Nox64f | Nox64fc |
+ * | --- | --- | --- |
+ * | w7 | 124 taps, 640 samples | 40 taps, 512 samples |
+ * | s8, p8 | 48 taps, 384 samples | 18 taps, 256 samples |
+ * | g9 | 48 taps, 384 samples | 16 taps, 256 samples |
+ * | h9 | 40 taps, 384 samples | 17 taps, 256 samples |
+ *
+ * By the direct sum, terms are added from the oldest sample to the newest whatever the place of the output, so a stream
+ * cut into blocks at any places gives the same bits as one call, and a NaN or an infinity reaches the outputs that use
+ * the sample and no others. The h9 build fuses multiply and add, so its last bits differ from those of the other four,
+ * which agree. By transforms, an output's rounding depends on its place in a block and on the build: a few
+ * units of 2^-53 times the norm of the taps times the norm of the block, and a NaN or an infinity may reach all the
+ * outputs of its block, at most 4 tapsLen of them. In place, with pSrc equal to pDst, the filter works in chunks staged
+ * in
+ * @p pBuf. Any number of threads may share a spec, each with its own buffer and delay lines.
  *
  * @param pSrc      @p numIters samples
  * @param pDst      @p numIters outputs; may be @p pSrc, or @p pDlySrc; no other overlap
@@ -82,5 +95,7 @@ noxsFIRSR_64fc(const Nox64fc pSrc[], Nox64fc pDst[], int numIters, const NoxFirS
                NOX_NULLABLE const Nox64fc pDlySrc[], NOX_NULLABLE Nox64fc pDlyDst[], Nox8u* pBuf);
 
 NOX_END_DECLS
+
+#include "nox/filter/multirate.h"
 
 #endif

@@ -44,6 +44,19 @@ constexpr Exception kExceptions[] = {
     {"noxsFIRSR_64fc_Idx", kUntested, nullptr},
     {"noxsFIRSR_64f_I_Idx", kUntested, nullptr},
     {"noxsFIRSR_64fc_I_Idx", kUntested, nullptr},
+    {"noxsFIRMRInitAlloc_64f_Idx", kUntested, nullptr},
+    {"noxsFIRMRInitAlloc_64fc_Idx", kUntested, nullptr},
+    {"noxsFIRMR_64f_Idx", kUntested, nullptr},
+    {"noxsFIRMR_64fc_Idx", kUntested, nullptr},
+    {"noxsFIRMR_64f_I_Idx", kUntested, nullptr},
+    {"noxsFIRMR_64fc_I_Idx", kUntested, nullptr},
+    // A bad length has a status of its own here, and factors and phases come before the pointers: tested beside the
+    // filter.
+    {"noxsFIRMRGetSize", kUntested, nullptr},
+    {"noxsFIRMRInit_64f", kUntested, nullptr},
+    {"noxsFIRMRInit_64fc", kUntested, nullptr},
+    {"noxsFIRMRInit_64f_Idx", kUntested, nullptr},
+    {"noxsFIRMRInit_64fc_Idx", kUntested, nullptr},
     // A null work buffer stays null whatever its index, and is then refused.
     {"noxsFIROne_64f_Idx", kRequired, "pBuf"},
     {"noxsFIROne_64fc_Idx", kRequired, "pBuf"},
