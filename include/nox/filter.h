@@ -1,4 +1,4 @@
-/* Filters: the single-rate FIR filter.
+/* Filters: the single-rate FIR filter; convolution and correlation.
  *
  * A FIR filter computes y[n] = sum over j < tapsLen of taps[j] * x[n - j]. Its spec holds the taps and no signal: the
  * past samples come in and go out through two delay-line arrays of tapsLen - 1 elements, oldest first, so a stream is
@@ -7,6 +7,8 @@
 #ifndef NOX_FILTER_H
 #define NOX_FILTER_H
 
+#include "nox/filter/convolution.h"
+#include "nox/filter/correlation.h"
 #include "nox/types.h"
 
 NOX_BEGIN_DECLS
