@@ -37,7 +37,8 @@ std::vector<Nox64f> convolve(const std::vector<Nox64f>& a, const std::vector<Nox
 
 TEST_P(Convolution, AgreesWithTheDefinition) {
   kit::Random random;
-  std::vector<Lengths> lengths{{70, 61}, {256, 256}, {449, 64}, {64, 450}, {191, 64}, {192, 64}, {500, 65}, {900, 20}};
+  std::vector<Lengths> lengths{{192, 64}, {64, 191}};
+  if (!kit::quick()) lengths = {{70, 61}, {256, 256}, {449, 64}, {64, 450}, {191, 64}, {192, 64}, {500, 65}, {900, 20}};
   for (int i = kit::quick() ? 7 : 1; i <= 37; i += kit::quick() ? 9 : 4)
     for (int j = 1; j <= i + 30; j += kit::quick() ? 11 : 5) lengths.push_back({i, j});
   size_t place = 0;
@@ -50,8 +51,9 @@ TEST_P(Convolution, AgreesWithTheDefinition) {
       SCOPED_TRACE(testing::Message() << l.first << " and " << l.second << " elements, algType " << algType);
       const bool direct = buffer_size(l, algType) == 64;
       const std::vector<Nox64f> d = convolve(a, b, algType, ++place);
-      if (l.first != l.second)
+      if (l.first != l.second) {
         ASSERT_TRUE(kit::same_bits(d.data(), convolve(b, a, algType, place).data(), d.size()));
+      }
       for (size_t n = 0; n < d.size(); ++n)
         ASSERT_TRUE(reference::is_sum(d[n], reference::convolved(a, b, static_cast<int64_t>(n)), 1, direct, largest))
             << "output " << n;
@@ -100,7 +102,7 @@ TEST_P(Convolution, RefusesWhatItCannotDo) {
 
 TEST_P(Convolution, DirectSumsKeepInfinitiesToTheirOutputs) {
   kit::Random random;
-  for (int round = 0; round < 60; ++round) {
+  for (int round = 0; round < (kit::quick() ? 10 : 60); ++round) {
     std::vector<Nox64f> a = random_elements<Nox64f>(random, static_cast<size_t>(random.integer(1, 90)));
     std::vector<Nox64f> b = random_elements<Nox64f>(random, static_cast<size_t>(random.integer(1, 90)));
     const size_t at = static_cast<size_t>(random.integer(0, static_cast<int64_t>(a.size()) - 1));
