@@ -60,6 +60,13 @@ constexpr Exception kExceptions[] = {
     // A null work buffer stays null whatever its index, and is then refused.
     {"noxsFIROne_64f_Idx", kRequired, "pBuf"},
     {"noxsFIROne_64fc_Idx", kRequired, "pBuf"},
+    // Every method is given one, though only some look into it.
+    {"noxsConvolve_64f", kRequired, "pBuffer"},
+    {"noxsConvolve_64f_Idx", kRequired, "pBuffer"},
+    {"noxsAutoCorrNorm_64f", kRequired, "pBuffer"},
+    {"noxsAutoCorrNorm_64f_Idx", kRequired, "pBuffer"},
+    {"noxsAutoCorrNorm_64fc", kRequired, "pBuffer"},
+    {"noxsAutoCorrNorm_64fc_Idx", kRequired, "pBuffer"},
     // The length decides what memory is needed: a work buffer is refused when a spec that needs it is seen.
     {"noxsDCTFwdGetSize_64f", kLengthFirst, nullptr},
     {"noxsDCTInvGetSize_64f", kLengthFirst, nullptr},

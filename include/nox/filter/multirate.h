@@ -8,7 +8,7 @@
 #ifndef NOX_FILTER_MULTIRATE_H
 #define NOX_FILTER_MULTIRATE_H
 
-#include "nox/types.h"
+#include "nox/filter/codes.h"
 
 NOX_BEGIN_DECLS
 
