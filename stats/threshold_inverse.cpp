@@ -102,9 +102,9 @@ NOX_INLINE bool vanishes(const Nox64f& x) {
   return (static_cast<unsigned>(bits >> 32) << 1) == 0;
 }
 
-// Elements whose magnitude is raised to `level`, in the x87 unit. Not inlined: nothing else lives on its stack.
-__attribute__((noinline)) void invert_extended(const Nox64fc* s, Nox64fc* d, size_t n, Nox64f level) {
-  const MaskedExtended masked;
+// Elements whose magnitude is raised to `level`, in the x87 unit. Not inlined: no value of the unit may live where its
+// environment is stored and loaded.
+__attribute__((noinline)) void invert_in_x87(const Nox64fc* s, Nox64fc* d, size_t n, Nox64f level) {
   const long double wide = level, c = 1 / (wide * wide);
   for (; n > 0; --n) {
     const Nox64f re = _mm_cvtsd_f64(_mm_load_sd(&s->re)), im = _mm_cvtsd_f64(_mm_load_sd(&s->im));
@@ -123,6 +123,11 @@ __attribute__((noinline)) void invert_extended(const Nox64fc* s, Nox64fc* d, siz
     }
     advance(sizeof(Nox64fc), s, d);
   }
+}
+
+__attribute__((noinline)) void invert_extended(const Nox64fc* s, Nox64fc* d, size_t n, Nox64f level) {
+  const MaskedExtended masked;
+  invert_in_x87(s, d, n, level);
 }
 
 // One vector of elements raised to a level, of which 1 / c is the square.
