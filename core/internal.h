@@ -27,7 +27,8 @@ NOX_INTERNAL(NoxStatus) noxsReplaceNAN_64f_I(Nox64f pSrcDst[], int len, Nox64f v
  * @param value  what elements above the level become
  * @return ::noxStsNullPtrErr for a null pointer, then ::noxStsSizeErr for @p len below 1; otherwise ::noxStsNoErr
  */
-NOX_INTERNAL(NoxStatus) noxsThreshold_GTVal_16s(const Nox16s pSrc[], Nox16s pDst[], int len, Nox16s level, Nox16s value);
+NOX_INTERNAL(NoxStatus)
+noxsThreshold_GTVal_16s(const Nox16s pSrc[], Nox16s pDst[], int len, Nox16s level, Nox16s value);
 
 /**
  * @brief In-place form of noxsThreshold_GTVal_16s().

@@ -127,10 +127,18 @@ NOX_INLINE size_t partition(A a, size_t from, size_t n, Test goes_first) {
   return border - from;
 }
 
-NOX_INLINE Nox64f first_of(Ascending, Nox64f a, Nox64f b) { return min(F64x1{_mm_set_sd(a)}, F64x1{_mm_set_sd(b)}).v[0]; }
-NOX_INLINE Nox64f last_of(Ascending, Nox64f a, Nox64f b) { return max(F64x1{_mm_set_sd(a)}, F64x1{_mm_set_sd(b)}).v[0]; }
-NOX_INLINE Nox64f first_of(Descending, Nox64f a, Nox64f b) { return max(F64x1{_mm_set_sd(a)}, F64x1{_mm_set_sd(b)}).v[0]; }
-NOX_INLINE Nox64f last_of(Descending, Nox64f a, Nox64f b) { return min(F64x1{_mm_set_sd(a)}, F64x1{_mm_set_sd(b)}).v[0]; }
+NOX_INLINE Nox64f first_of(Ascending, Nox64f a, Nox64f b) {
+  return min(F64x1{_mm_set_sd(a)}, F64x1{_mm_set_sd(b)}).v[0];
+}
+NOX_INLINE Nox64f last_of(Ascending, Nox64f a, Nox64f b) {
+  return max(F64x1{_mm_set_sd(a)}, F64x1{_mm_set_sd(b)}).v[0];
+}
+NOX_INLINE Nox64f first_of(Descending, Nox64f a, Nox64f b) {
+  return max(F64x1{_mm_set_sd(a)}, F64x1{_mm_set_sd(b)}).v[0];
+}
+NOX_INLINE Nox64f last_of(Descending, Nox64f a, Nox64f b) {
+  return min(F64x1{_mm_set_sd(a)}, F64x1{_mm_set_sd(b)}).v[0];
+}
 template <class Order, class T>
 NOX_INLINE T first_of(Order, T a, T b) {
   return Order::before(a, b) ? a : b;

@@ -270,22 +270,28 @@ NoxStatus NOX_BODY(noxsThreshold_GTVal_64f)(const Nox64f* s, Nox64f* d, int len,
 NoxStatus NOX_BODY(noxsThreshold_GTVal_64f_I)(Nox64f* d, int len, Nox64f level, Nox64f value) {
   return apply<f64>(ReplaceAbove<Nox64f>{level, value}, d, d, len);
 }
-NoxStatus NOX_BODY(noxsThreshold_LTValGTVal_16s)(const Nox16s* s, Nox16s* d, int len, Nox16s low, Nox16s value_low, Nox16s high, Nox16s value_high) {
+NoxStatus NOX_BODY(noxsThreshold_LTValGTVal_16s)(const Nox16s* s, Nox16s* d, int len, Nox16s low, Nox16s value_low,
+                                                 Nox16s high, Nox16s value_high) {
   return replace_outside(s, d, len, low, value_low, high, value_high);
 }
-NoxStatus NOX_BODY(noxsThreshold_LTValGTVal_16s_I)(Nox16s* d, int len, Nox16s low, Nox16s value_low, Nox16s high, Nox16s value_high) {
+NoxStatus NOX_BODY(noxsThreshold_LTValGTVal_16s_I)(Nox16s* d, int len, Nox16s low, Nox16s value_low, Nox16s high,
+                                                   Nox16s value_high) {
   return replace_outside(d, d, len, low, value_low, high, value_high);
 }
-NoxStatus NOX_BODY(noxsThreshold_LTValGTVal_32s)(const Nox32s* s, Nox32s* d, int len, Nox32s low, Nox32s value_low, Nox32s high, Nox32s value_high) {
+NoxStatus NOX_BODY(noxsThreshold_LTValGTVal_32s)(const Nox32s* s, Nox32s* d, int len, Nox32s low, Nox32s value_low,
+                                                 Nox32s high, Nox32s value_high) {
   return replace_outside(s, d, len, low, value_low, high, value_high);
 }
-NoxStatus NOX_BODY(noxsThreshold_LTValGTVal_32s_I)(Nox32s* d, int len, Nox32s low, Nox32s value_low, Nox32s high, Nox32s value_high) {
+NoxStatus NOX_BODY(noxsThreshold_LTValGTVal_32s_I)(Nox32s* d, int len, Nox32s low, Nox32s value_low, Nox32s high,
+                                                   Nox32s value_high) {
   return replace_outside(d, d, len, low, value_low, high, value_high);
 }
-NoxStatus NOX_BODY(noxsThreshold_LTValGTVal_64f)(const Nox64f* s, Nox64f* d, int len, Nox64f low, Nox64f value_low, Nox64f high, Nox64f value_high) {
+NoxStatus NOX_BODY(noxsThreshold_LTValGTVal_64f)(const Nox64f* s, Nox64f* d, int len, Nox64f low, Nox64f value_low,
+                                                 Nox64f high, Nox64f value_high) {
   return replace_outside(s, d, len, low, value_low, high, value_high);
 }
-NoxStatus NOX_BODY(noxsThreshold_LTValGTVal_64f_I)(Nox64f* d, int len, Nox64f low, Nox64f value_low, Nox64f high, Nox64f value_high) {
+NoxStatus NOX_BODY(noxsThreshold_LTValGTVal_64f_I)(Nox64f* d, int len, Nox64f low, Nox64f value_low, Nox64f high,
+                                                   Nox64f value_high) {
   return replace_outside(d, d, len, low, value_low, high, value_high);
 }
 NoxStatus NOX_BODY(noxsThreshold_LTAbs_16s)(const Nox16s* s, Nox16s* d, int len, Nox16s level) {

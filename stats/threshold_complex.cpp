@@ -57,7 +57,8 @@ NOX_INLINE NoxStatus limit(const Nox64fc* s, Nox64fc* d, int len, Nox64f level, 
   if (level < 0) return noxStsThreshNegLevelErr;
   if (level == 0) {
     if (relation == kGreater)
-      map<c64>(d, len, [](auto x) { return decltype(x)::zero(); }, s);
+      map<c64>(
+          d, len, [](auto x) { return decltype(x)::zero(); }, s);
     else if (s != d)
       map<c64>(d, len, Keep{}, s);
   } else if (relation == kGreater) {

@@ -177,7 +177,8 @@ NOX_INLINE NoxStatus invert_complex(const Nox64fc* s, Nox64fc* d, int len, Nox64
   const Masked masked;
   if (level == 0) {
     Watch<f64> zeros;
-    run(s, d, len, [&](const Nox64fc* from, Nox64fc* to) { invert_plain<SplitLanes>(from, to, zeros); },
+    run(
+        s, d, len, [&](const Nox64fc* from, Nox64fc* to) { invert_plain<SplitLanes>(from, to, zeros); },
         [&](const Nox64fc* from, Nox64fc* to) { invert_plain<C64x1>(from, to, zeros); });
     return zeros.any() ? noxStsInvZero : noxStsNoErr;
   }
@@ -186,7 +187,8 @@ NOX_INLINE NoxStatus invert_complex(const Nox64fc* s, Nox64fc* d, int len, Nox64
     invert_extended(s, d, static_cast<size_t>(len), level);
   } else {
     const Nox64f c = 1 / (level * level);
-    run(s, d, len, [=](const Nox64fc* from, Nox64fc* to) { invert_raised<SplitLanes>(from, to, level, c); },
+    run(
+        s, d, len, [=](const Nox64fc* from, Nox64fc* to) { invert_raised<SplitLanes>(from, to, level, c); },
         [=](const Nox64fc* from, Nox64fc* to) { invert_raised<C64x1>(from, to, level, c); });
   }
   return noxStsNoErr;

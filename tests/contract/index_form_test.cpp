@@ -54,6 +54,9 @@ TEST_P(IndexForms, EqualThePrimitiveOnBasePlusIndex) {
 
     Arguments with_index(form);
     with_index.fill(random);
+    // What the harmless values have none of.
+    if (form.name == std::string("noxsReplaceNAN_64f_I_Idx"))
+      std::fill_n(with_index.memory(0), kElements * sizeof(Nox64f), uint8_t{0xFF});
     const auto before = with_index.contents();
     Arguments direct(*plain);
     int sign = 1;

@@ -129,7 +129,9 @@ TEST_P(Sort, NoShapeIsSlow) {
       [](int i, int) { return i % 1000; },
       [](int i, int) { return i % 3; },
       [](int i, int) { return i % 100 != 0 ? 1 : 0; },
-      [](int i, int half) { return i % 2 ? i : i < half ? half + i : half - i; },
+      [](int i, int half) { return i % 2      ? i
+                                   : i < half ? half + i
+                                              : half - i; },
   };
   double measure = 0;
   for (const auto& shape : shapes) {

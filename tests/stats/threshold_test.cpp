@@ -54,7 +54,8 @@ TEST_P(Threshold, Real) {
     check("LT_64f", noxsThreshold_LT_64f, noxsThreshold_LT_64f_I, reference::raise, true, level);
     check("GT_64f", noxsThreshold_GT_64f, noxsThreshold_GT_64f_I, reference::lower, true, level);
     check("64f", noxsThreshold_64f, noxsThreshold_64f_I, reference::limit, true, level, level < 0 ? 0 : 4);
-    check("LTVal_64f", noxsThreshold_LTVal_64f, noxsThreshold_LTVal_64f_I, reference::below<Nox64f>, false, level, -0.0);
+    check("LTVal_64f", noxsThreshold_LTVal_64f, noxsThreshold_LTVal_64f_I, reference::below<Nox64f>, false, level,
+          -0.0);
     check("GTVal_64f", noxsThreshold_GTVal_64f, noxsThreshold_GTVal_64f_I, reference::above<Nox64f>, false, level, 7.0);
     if (level < 0) continue;
     check("LTAbs_64f", noxsThreshold_LTAbs_64f, noxsThreshold_LTAbs_64f_I, reference::raise_size, false, level);
@@ -74,10 +75,12 @@ void check_integers(const char* name, T low, T high, T size) {
     else
       return of32;
   };
-  check("LT", pick(noxsThreshold_LT_16s, noxsThreshold_LT_32s), pick(noxsThreshold_LT_16s_I, noxsThreshold_LT_32s_I),
-        [](T x, T level) { return x < level ? level : x; }, false, low);
-  check("GT", pick(noxsThreshold_GT_16s, noxsThreshold_GT_32s), pick(noxsThreshold_GT_16s_I, noxsThreshold_GT_32s_I),
-        [](T x, T level) { return x > level ? level : x; }, false, high);
+  check(
+      "LT", pick(noxsThreshold_LT_16s, noxsThreshold_LT_32s), pick(noxsThreshold_LT_16s_I, noxsThreshold_LT_32s_I),
+      [](T x, T level) { return x < level ? level : x; }, false, low);
+  check(
+      "GT", pick(noxsThreshold_GT_16s, noxsThreshold_GT_32s), pick(noxsThreshold_GT_16s_I, noxsThreshold_GT_32s_I),
+      [](T x, T level) { return x > level ? level : x; }, false, high);
   check("LTValGTVal", pick(noxsThreshold_LTValGTVal_16s, noxsThreshold_LTValGTVal_32s),
         pick(noxsThreshold_LTValGTVal_16s_I, noxsThreshold_LTValGTVal_32s_I), reference::outside<T>, false, low, T(-3),
         high, T(5));

@@ -1,7 +1,7 @@
 /* Thresholds: elements below or above a level are replaced, by the level, by a value, or by the level's reciprocal.
  *
- * The arrays of a copying form are the same or don't overlap; they may stand at any address. Comparisons of integers are
- * signed and exact. */
+ * The arrays of a copying form are the same or don't overlap; they may stand at any address. Comparisons of integers
+ * are signed and exact. */
 #ifndef NOX_STATS_THRESHOLD_H
 #define NOX_STATS_THRESHOLD_H
 
@@ -38,7 +38,8 @@ NOX_API(NoxStatus) noxsThreshold_64f(const Nox64f pSrc[], Nox64f pDst[], int len
 NOX_API(NoxStatus) noxsThreshold_64f_I(Nox64f pSrcDst[], int len, Nox64f level, int relOp);
 
 /**
- * @brief Limits magnitudes at a level, from below or from above, as noxsThreshold_LT_64fc() and noxsThreshold_GT_64fc() do. Equal in all builds.
+ * @brief Limits magnitudes at a level, from below or from above, as noxsThreshold_LT_64fc() and noxsThreshold_GT_64fc()
+ * do. Equal in all builds.
  * @param pSrc   array of @p len elements
  * @param pDst   array of @p len elements; may be the source
  * @param len    number of elements
@@ -155,7 +156,8 @@ NOX_API(NoxStatus) noxsThreshold_GT_16s_I(Nox16s pSrcDst[], int len, Nox16s leve
 NOX_API(NoxStatus) noxsThreshold_GT_32s_I(Nox32s pSrcDst[], int len, Nox32s level);
 
 /**
- * @brief Raises magnitudes to a level and keeps the phase: `pSrc[i] * sqrt(level^2 / |pSrc[i]|^2)` below the level. Equal in all builds.
+ * @brief Raises magnitudes to a level and keeps the phase: `pSrc[i] * sqrt(level^2 / |pSrc[i]|^2)` below the level.
+ * Equal in all builds.
  *
  * Magnitudes are compared by their squares, rounded step by step. An element whose square is a NaN is kept.
  * An element whose square is 0 becomes (level, 0). Level 0 copies.
@@ -179,7 +181,8 @@ NOX_API(NoxStatus) noxsThreshold_LT_64fc(const Nox64fc pSrc[], Nox64fc pDst[], i
 NOX_API(NoxStatus) noxsThreshold_LT_64fc_I(Nox64fc pSrcDst[], int len, Nox64f level);
 
 /**
- * @brief Lowers magnitudes to a level and keeps the phase: `pSrc[i] * sqrt(level^2 / |pSrc[i]|^2)` above the level. Equal in all builds.
+ * @brief Lowers magnitudes to a level and keeps the phase: `pSrc[i] * sqrt(level^2 / |pSrc[i]|^2)` above the level.
+ * Equal in all builds.
  *
  * Magnitudes are compared by their squares, rounded step by step. An element whose square is a NaN is kept.
  * Level 0 makes every element (0, 0).
@@ -203,7 +206,8 @@ NOX_API(NoxStatus) noxsThreshold_GT_64fc(const Nox64fc pSrc[], Nox64fc pDst[], i
 NOX_API(NoxStatus) noxsThreshold_GT_64fc_I(Nox64fc pSrcDst[], int len, Nox64f level);
 
 /**
- * @brief Replaces elements below a level: `pDst[i] = level <= pSrc[i] ? pSrc[i] : value`; a NaN becomes value. Equal in all builds.
+ * @brief Replaces elements below a level: `pDst[i] = level <= pSrc[i] ? pSrc[i] : value`; a NaN becomes value. Equal in
+ * all builds.
  * @param pSrc   array of @p len elements
  * @param pDst   array of @p len elements; may be the source
  * @param len    number of elements
@@ -253,7 +257,8 @@ NOX_API(NoxStatus) noxsThreshold_LTVal_64fc(const Nox64fc pSrc[], Nox64fc pDst[]
 NOX_API(NoxStatus) noxsThreshold_LTVal_64fc_I(Nox64fc pSrcDst[], int len, Nox64f level, Nox64fc value);
 
 /**
- * @brief Replaces elements above a level: `pDst[i] = level < pSrc[i] ? value : pSrc[i]`; a NaN stays. Equal in all builds.
+ * @brief Replaces elements above a level: `pDst[i] = level < pSrc[i] ? value : pSrc[i]`; a NaN stays. Equal in all
+ * builds.
  * @param pSrc   array of @p len elements
  * @param pDst   array of @p len elements; may be the source
  * @param len    number of elements
@@ -299,7 +304,8 @@ NOX_API(NoxStatus) noxsThreshold_GTVal_64fc(const Nox64fc pSrc[], Nox64fc pDst[]
 NOX_API(NoxStatus) noxsThreshold_GTVal_64fc_I(Nox64fc pSrcDst[], int len, Nox64f level, Nox64fc value);
 
 /**
- * @brief Replaces elements below one level and above another by a value for each; a NaN becomes valueLT. Equal in all builds.
+ * @brief Replaces elements below one level and above another by a value for each; a NaN becomes valueLT. Equal in all
+ * builds.
  * @param pSrc     array of @p len elements
  * @param pDst     array of @p len elements; may be the source
  * @param len      number of elements
@@ -310,14 +316,17 @@ NOX_API(NoxStatus) noxsThreshold_GTVal_64fc_I(Nox64fc pSrcDst[], int len, Nox64f
  * @return ::noxStsNullPtrErr for a null pointer, then ::noxStsSizeErr for @p len below 1, then ::noxStsThresholdErr
  *         for @p levelLT above @p levelGT; otherwise ::noxStsNoErr
  */
-NOX_API(NoxStatus) noxsThreshold_LTValGTVal_64f(const Nox64f pSrc[], Nox64f pDst[], int len, Nox64f levelLT,
-                                                Nox64f valueLT, Nox64f levelGT, Nox64f valueGT);
+NOX_API(NoxStatus)
+noxsThreshold_LTValGTVal_64f(const Nox64f pSrc[], Nox64f pDst[], int len, Nox64f levelLT, Nox64f valueLT,
+                             Nox64f levelGT, Nox64f valueGT);
 /** @copydoc noxsThreshold_LTValGTVal_64f */
-NOX_API(NoxStatus) noxsThreshold_LTValGTVal_32s(const Nox32s pSrc[], Nox32s pDst[], int len, Nox32s levelLT,
-                                                Nox32s valueLT, Nox32s levelGT, Nox32s valueGT);
+NOX_API(NoxStatus)
+noxsThreshold_LTValGTVal_32s(const Nox32s pSrc[], Nox32s pDst[], int len, Nox32s levelLT, Nox32s valueLT,
+                             Nox32s levelGT, Nox32s valueGT);
 /** @copydoc noxsThreshold_LTValGTVal_64f */
-NOX_API(NoxStatus) noxsThreshold_LTValGTVal_16s(const Nox16s pSrc[], Nox16s pDst[], int len, Nox16s levelLT,
-                                                Nox16s valueLT, Nox16s levelGT, Nox16s valueGT);
+NOX_API(NoxStatus)
+noxsThreshold_LTValGTVal_16s(const Nox16s pSrc[], Nox16s pDst[], int len, Nox16s levelLT, Nox16s valueLT,
+                             Nox16s levelGT, Nox16s valueGT);
 
 /**
  * @brief In-place form of noxsThreshold_LTValGTVal_64f(): replaces elements outside the levels.
@@ -330,14 +339,17 @@ NOX_API(NoxStatus) noxsThreshold_LTValGTVal_16s(const Nox16s pSrc[], Nox16s pDst
  * @return ::noxStsNullPtrErr for a null pointer, then ::noxStsSizeErr for @p len below 1, then ::noxStsThresholdErr
  *         for @p levelLT above @p levelGT; otherwise ::noxStsNoErr
  */
-NOX_API(NoxStatus) noxsThreshold_LTValGTVal_64f_I(Nox64f pSrcDst[], int len, Nox64f levelLT, Nox64f valueLT,
-                                                  Nox64f levelGT, Nox64f valueGT);
+NOX_API(NoxStatus)
+noxsThreshold_LTValGTVal_64f_I(Nox64f pSrcDst[], int len, Nox64f levelLT, Nox64f valueLT, Nox64f levelGT,
+                               Nox64f valueGT);
 /** @copydoc noxsThreshold_LTValGTVal_64f_I */
-NOX_API(NoxStatus) noxsThreshold_LTValGTVal_32s_I(Nox32s pSrcDst[], int len, Nox32s levelLT, Nox32s valueLT,
-                                                  Nox32s levelGT, Nox32s valueGT);
+NOX_API(NoxStatus)
+noxsThreshold_LTValGTVal_32s_I(Nox32s pSrcDst[], int len, Nox32s levelLT, Nox32s valueLT, Nox32s levelGT,
+                               Nox32s valueGT);
 /** @copydoc noxsThreshold_LTValGTVal_64f_I */
-NOX_API(NoxStatus) noxsThreshold_LTValGTVal_16s_I(Nox16s pSrcDst[], int len, Nox16s levelLT, Nox16s valueLT,
-                                                  Nox16s levelGT, Nox16s valueGT);
+NOX_API(NoxStatus)
+noxsThreshold_LTValGTVal_16s_I(Nox16s pSrcDst[], int len, Nox16s levelLT, Nox16s valueLT, Nox16s levelGT,
+                               Nox16s valueGT);
 
 /**
  * @brief Raises magnitudes to a level and keeps the sign. Equal in all builds.
@@ -404,8 +416,8 @@ NOX_API(NoxStatus) noxsThreshold_GTAbs_16s_I(Nox16s pSrcDst[], int len, Nox16s l
 /**
  * @brief Reciprocals of elements whose magnitudes are first raised to a level. At most 4 units in the last place.
  *
- * A NaN becomes the reciprocal of the level with its sign; at level 0 it stays. At level 0 a zero becomes the infinity of
- * its sign. Floating-point exceptions are masked during the call, and the control state is put back.
+ * A NaN becomes the reciprocal of the level with its sign; at level 0 it stays. At level 0 a zero becomes the infinity
+ * of its sign. Floating-point exceptions are masked during the call, and the control state is put back.
  * @param pSrc   array of @p len elements
  * @param pDst   array of @p len elements; may be the source
  * @param len    number of elements
@@ -431,8 +443,8 @@ NOX_API(NoxStatus) noxsThreshold_LTInv_64f_I(Nox64f pSrcDst[], int len, Nox64f l
  * @brief Reciprocals of elements whose magnitudes are first raised to a level. At most 6 units in the last place.
  *
  * A zero becomes (1 / level, 0), and (+infinity, 0 - im) at level 0, where so does an element whose square underflows.
- * Floating-point exceptions are masked during the call, and the control state is put back. Units are those of the larger
- * part of the result.
+ * Floating-point exceptions are masked during the call, and the control state is put back. Units are those of the
+ * larger part of the result.
  * @param pSrc   array of @p len elements
  * @param pDst   array of @p len elements; may be the source
  * @param len    number of elements
