@@ -7,6 +7,7 @@
 #include "nox/core.h"
 #include "nox/filter.h"
 #include "nox/index.h"
+#include "nox/stats.h"
 #include "nox/status.h"
 #include "nox/transform.h"
 #include "nox/types.h"
