@@ -26,6 +26,10 @@ NOX_INLINE Two<V128<Nox16u>> widen(V128<Nox8u> a) {
   const __m128i zero = _mm_setzero_si128();
   return {{_mm_unpacklo_epi8(a.v, zero)}, {_mm_unpackhi_epi8(a.v, zero)}};
 }
+NOX_INLINE Two<V128<Nox32s>> widen(V128<Nox16u> a) {
+  const __m128i zero = _mm_setzero_si128();
+  return {{_mm_unpacklo_epi16(a.v, zero)}, {_mm_unpackhi_epi16(a.v, zero)}};
+}
 NOX_INLINE Two<V128<Nox32s>> widen(V128<Nox16s> a) {
   return {{_mm_srai_epi32(_mm_unpacklo_epi16(a.v, a.v), 16)}, {_mm_srai_epi32(_mm_unpackhi_epi16(a.v, a.v), 16)}};
 }
@@ -97,6 +101,13 @@ NOX_INLINE V128<Nox32s> upper_halves(EvenOdd<V128<Nox64u>> a) {
   const __m128 both = _mm_shuffle_ps(_mm_castsi128_ps(a.even.v), _mm_castsi128_ps(a.odd.v), 0xDD);
   return {_mm_shuffle_epi32(_mm_castps_si128(both), 0xD8)};
 }
+// Whether any bit is set.
+template <class T>
+NOX_INLINE bool any_lane(V128<T> a) {
+  return _mm_movemask_epi8(_mm_cmpeq_epi8(a.v, _mm_setzero_si128())) != 0xFFFF;
+}
+// (a + b + 1) / 2, with no bit lost in between.
+NOX_INLINE V128<Nox16u> average(V128<Nox16u> a, V128<Nox16u> b) { return {_mm_avg_epu16(a.v, b.v)}; }
 // `yes` where the sign of a lane of `sign` is set, else `no`.
 NOX_INLINE V128<Nox32s> select_by_sign(V128<Nox32s> sign, V128<Nox32s> yes, V128<Nox32s> no) {
 #if NOX_LEVEL >= 2
@@ -113,6 +124,10 @@ NOX_INLINE V128<Nox32s> select_by_sign(V128<Nox32s> sign, V128<Nox32s> yes, V128
 NOX_INLINE Two<V256<Nox16u>> widen(V256<Nox8u> a) {
   const __m256i zero = _mm256_setzero_si256();
   return {{_mm256_unpacklo_epi8(a.v, zero)}, {_mm256_unpackhi_epi8(a.v, zero)}};
+}
+NOX_INLINE Two<V256<Nox32s>> widen(V256<Nox16u> a) {
+  const __m256i zero = _mm256_setzero_si256();
+  return {{_mm256_unpacklo_epi16(a.v, zero)}, {_mm256_unpackhi_epi16(a.v, zero)}};
 }
 NOX_INLINE Two<V256<Nox32s>> widen(V256<Nox16s> a) {
   return {{_mm256_srai_epi32(_mm256_unpacklo_epi16(a.v, a.v), 16)},
@@ -157,6 +172,11 @@ NOX_INLINE V256<Nox32s> lower_halves(EvenOdd<V256<Nox64u>> a) {
 NOX_INLINE V256<Nox32s> upper_halves(EvenOdd<V256<Nox64u>> a) {
   return {_mm256_blend_epi32(_mm256_srli_epi64(a.even.v, 32), a.odd.v, 0xAA)};
 }
+template <class T>
+NOX_INLINE bool any_lane(V256<T> a) {
+  return !_mm256_testz_si256(a.v, a.v);
+}
+NOX_INLINE V256<Nox16u> average(V256<Nox16u> a, V256<Nox16u> b) { return {_mm256_avg_epu16(a.v, b.v)}; }
 NOX_INLINE V256<Nox32s> select_by_sign(V256<Nox32s> sign, V256<Nox32s> yes, V256<Nox32s> no) {
   return {_mm256_castps_si256(
       _mm256_blendv_ps(_mm256_castsi256_ps(no.v), _mm256_castsi256_ps(yes.v), _mm256_castsi256_ps(sign.v)))};
@@ -213,6 +233,13 @@ NOX_INLINE IntLanes<T, Bytes> difference_saturated(IntLanes<T, Bytes> a, IntLane
     const IntLanes<T, Bytes> rest = a - b, cut = shift_right(rest, 31) ^ IntLanes<T, Bytes>::all(lowest<T>);
     return select_by_sign((a ^ b) & (a ^ rest), cut, rest);
   }
+}
+
+// Products of 32-bit lanes.
+template <class V>
+NOX_INLINE auto multiply_pairs(V a, V b) {
+  const auto even = multiply_even(a, b);
+  return EvenOdd<std::remove_const_t<decltype(even)>>{even, multiply_even(odd_down(a), odd_down(b))};
 }
 
 // 64-bit lanes cut to 32 bits, in the places from which they came.
