@@ -23,8 +23,10 @@ struct ComplexInts {
   static NOX_INLINE ComplexInts load(const Nox32sc* p) { return {Parts::load(&p->re)}; }
   NOX_INLINE void store(Nox32sc* p) const { v.store(&p->re); }
 };
+// How elements lie in vectors: the number of lanes, what they hold, a constant in all of them.
 template <class E>
 struct Elements {
+  using elem = E;
   using part = E;
   using vec = typename ints<E>::vec;
   static NOX_INLINE vec lanes(vec v) { return v; }
@@ -32,6 +34,7 @@ struct Elements {
 };
 template <>
 struct Elements<Nox32sc> {
+  using elem = Nox32sc;
   using part = Nox32s;
   using vec = ComplexInts;
   static NOX_INLINE ComplexInts::Parts lanes(ComplexInts v) { return v.v; }
@@ -39,6 +42,13 @@ struct Elements<Nox32sc> {
     const Nox64u both = Nox64u(Nox32u(c.im)) << 32 | Nox32u(c.re);
     return as_lanes<Nox32s>(ints<Nox64u>::vec::all(both));
   }
+};
+
+// Four integers, which are as many doubles as a vector has in the AVX builds.
+struct Quads {
+  using elem = Nox32s;
+  using vec = V128<Nox32s>;
+  static NOX_INLINE vec lanes(vec v) { return v; }
 };
 
 // Makes the map driver run on vectors alone: it asks for single lanes only of arrays shorter than a vector.
@@ -49,47 +59,52 @@ struct NoSingle {
   static NOX_INLINE NoSingle load(const E*) { return {}; }
   NOX_INLINE void store(E*) const {}
 };
-template <class E>
+template <class L>
 struct vectors_of {
-  using elem = E;
-  using one = NoSingle<E>;
-  using vec = typename Elements<E>::vec;
+  using elem = typename L::elem;
+  using one = NoSingle<elem>;
+  using vec = typename L::vec;
 };
-template <class E, class F>
+template <class L, class F>
 struct OnVectors {
-  using V = typename Elements<E>::vec;
+  using V = typename L::vec;
+  using Single = NoSingle<typename L::elem>;
   F& f;
   template <class... A>
-  NOX_INLINE V operator()(V a, A... more) const {
-    return {f(Elements<E>::lanes(a), Elements<E>::lanes(more)...)};
-  }
+  NOX_INLINE V operator()(V a, A... more) const { return {f(L::lanes(a), L::lanes(more)...)}; }
   template <class... A>
-  NOX_INLINE NoSingle<E> operator()(NoSingle<E>, A...) const {
-    return {};
-  }
+  NOX_INLINE Single operator()(Single, A...) const { return {}; }
 };
-template <class V, class E>
+template <class V>
 struct Padded {
+  using E = typename V::elem;
   E at[V::N];
   NOX_INLINE Padded(const E* s, int len) {
     // No lane may look like a zero divisor.
-    for (E& e : at) __builtin_memset(&e, 1, sizeof(E));
+    IntLanes<Nox8u, sizeof(at)>::all(1).store(reinterpret_cast<Nox8u*>(at));
     for (int i = 0; i < len; ++i) __builtin_memcpy(at + i, behind(s, size_t(i) * sizeof(E)), sizeof(E));
   }
 };
 
-// d[i] = f(s[i]...) in vectors; a source may be the destination. A short array is put into a vector and taken out.
+// d[i] = f(s[i]...) of at least a vector; a source may be the destination.
+template <class L, class F, class... S>
+NOX_INLINE void map_long(typename L::elem* d, int len, F&& f, const S*... s) {
+  if (len < L::vec::N) __builtin_unreachable();
+  map<vectors_of<L>>(d, len, OnVectors<L, F>{f}, s...);
+}
+// The same of any length. A short array is put into a vector and taken out.
+template <class L, class F, class... S>
+NOX_INLINE void map_lanes(typename L::elem* d, int len, F&& f, const S*... s) {
+  using E = typename L::elem;
+  using V = typename L::vec;
+  if (len >= V::N) return map_long<L>(d, len, f, s...);
+  E out[V::N];
+  OnVectors<L, F>{f}(V::load(Padded<V>(s, len).at)...).store(out);
+  for (int i = 0; i < len; ++i) __builtin_memcpy(behind(d, size_t(i) * sizeof(E)), out + i, sizeof(E));
+}
 template <class E, class F, class... S>
 NOX_INLINE void map_vectors(E* d, int len, F&& f, const S*... s) {
-  using V = typename Elements<E>::vec;
-  const OnVectors<E, F> whole{f};
-  if (len >= V::N) {
-    map<vectors_of<E>>(d, len, whole, s...);
-    return;
-  }
-  E out[V::N];
-  whole(V::load(Padded<V, S>(s, len).at)...).store(out);
-  for (int i = 0; i < len; ++i) __builtin_memcpy(behind(d, size_t(i) * sizeof(E)), out + i, sizeof(E));
+  map_lanes<Elements<E>>(d, len, f, s...);
 }
 
 // What stands beside the elements of an array: those of another one, or a constant as the first or second operand.
@@ -158,6 +173,15 @@ NOX_OUT_OF_LINE NoxStatus scale_paths(int zero_above, E c, E* d, int len, int s,
     const int left = left_shift<typename Elements<E>::part>(s);
     run([left](auto a, auto b) { return shift_up_saturated(Op::saturated(a, b), left); });
   }
+  return noxStsNoErr;
+}
+
+// The same, with the common path in a function of its own: it needs no stack, which would have to be aligned.
+template <class Op, Operand Constant, class E, class... S>
+NOX_INLINE NoxStatus scaled(int zero_above, E c, E* d, int len, int s, const S*... src) {
+  if (s != 0 || len < Elements<E>::vec::N) return scale_paths<Op, Constant>(zero_above, c, d, len, s, src...);
+  const auto f = [](auto a, auto b) { return Op::saturated(a, b); };
+  map_long<Elements<E>>(d, len, Bound<Constant, E, decltype(f)>{f, c}, src...);
   return noxStsNoErr;
 }
 

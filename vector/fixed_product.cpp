@@ -29,6 +29,15 @@ struct Product {
     const auto t = multiply_wide(a, b);
     return pack<typename V::elem>(rounded(t.low, s), rounded(t.high, s));
   }
+  // The same for 16 bits and s up to 15: in a half that is rounded up, the lowest s + 1 bits of t are 110...0, and one
+  // more of t there lets 2^(s - 1) - 1 do for the half. No carry leaves the lower half of t.
+  template <class V>
+  static NOX_INLINE V scaled_short(V a, V b, int s) {
+    const V low = multiply_low(a, b), up = (low & V::all(Nox16s((2 << s) - 1))) == V::all(Nox16s(3 << (s - 1)));
+    auto t = join(low - up, multiply_high(a, b));
+    const auto below_half = decltype(t.low)::all((1 << (s - 1)) - 1);
+    return pack<Nox16s>(shift_right(t.low + below_half, s), shift_right(t.high + below_half, s));
+  }
 
  private:
   template <class W>
@@ -52,6 +61,22 @@ struct Product {
 // The scale factor above which even the largest product is at most half a unit.
 template <class T>
 constexpr int kZeroAbove = sizeof(T) == 1 ? 16 : sizeof(T) == 2 ? 30 : 62;
+
+template <Operand Constant, class... S>
+NOX_OUT_OF_LINE void scale_short_products(Nox16s c, Nox16s* d, int len, int s, const S*... src) {
+  const auto f = [s](auto a, auto b) { return Product::scaled_short(a, b, s); };
+  map_vectors(d, len, Bound<Constant, Nox16s, decltype(f)>{f, c}, src...);
+}
+template <Operand Constant, class T, class... S>
+NOX_OUT_OF_LINE NoxStatus products(T c, T* d, int len, int s, const S*... src) {
+  if constexpr (sizeof(T) == 2) {
+    if (s > 1 && s < 16) {
+      scale_short_products<Constant>(c, d, len, s, src...);
+      return noxStsNoErr;
+    }
+  }
+  return scaled<Product, Constant>(kZeroAbove<T>, c, d, len, s, src...);
+}
 
 // ---- 32 bits by doubles
 
@@ -81,7 +106,7 @@ NOX_INLINE Nox64f factor(int s) { return power_of_two(s < -31 ? 31 : -s); }
 
 template <class F, class... S>
 NOX_OUT_OF_LINE void map_by_doubles(F f, Nox32s* d, int len, const S*... s) {
-  map_vectors(d, len, [f](auto... lanes) { return by_doubles(f, lanes...); }, s...);
+  map_lanes<Quads>(d, len, [f](auto... lanes) { return by_doubles(f, lanes...); }, s...);
 }
 
 // ---- 32 bits in 64
@@ -136,7 +161,7 @@ struct Scaled {
 };
 
 // One result, for the scales that no vector path has: s up to 63.
-NOX_INLINE Nox32s scaled(Nox64s t, int s) {
+NOX_INLINE Nox32s one_scaled(Nox64s t, int s) {
   if (s > 0) {
     const Nox64u rest = Nox64u(t) & ((Nox64u(1) << s) - 1), half = Nox64u(1) << (s - 1);
     t >>= s;
@@ -150,7 +175,7 @@ NOX_INLINE Nox32s scaled(Nox64s t, int s) {
 template <class T>
 NOX_INLINE NoxStatus product(const T* a, const T* b, T* d, int len, int s) {
   if (const NoxStatus st = check(len, a, b, d)) return st;
-  if constexpr (sizeof(T) <= 2) return scale_paths<Product, Operand::Array>(kZeroAbove<T>, T{}, d, len, s, a, b);
+  if constexpr (sizeof(T) <= 2) return products<Operand::Array>(T{}, d, len, s, a, b);
   if constexpr (sizeof(T) == 4) {
     if (s > kZeroAbove<T>) return zeros(d, len);
     const RoundToNearest mode;
@@ -179,7 +204,7 @@ NOX_INLINE NoxStatus multiples(const Nox32s* a, Nox32s c, Nox32s* d, int len, in
 }
 template <class T>
 NOX_INLINE NoxStatus multiples(const T* a, T c, T* d, int len, int s) {
-  return scale_paths<Product, Operand::Second>(kZeroAbove<T>, c, d, len, s, a);
+  return products<Operand::Second>(c, d, len, s, a);
 }
 
 NOX_OUT_OF_LINE void multiples_one_by_one(const Nox32sc* a, Nox32sc c, Nox32sc* d, int len, int s) {
@@ -190,7 +215,7 @@ NOX_OUT_OF_LINE void multiples_one_by_one(const Nox32sc* a, Nox32sc c, Nox32sc* 
     Nox64s im = Nox64s(Nox64u(Nox64s(x.re) * c.im) + Nox64u(Nox64s(x.im) * c.re));
     // No imaginary part is so small: it is 2^63, and one less rounds to the same at every scale.
     if (im == lowest<Nox64s>) im = highest<Nox64s>;
-    const Nox32sc r = {scaled(re, s), scaled(im, s)};
+    const Nox32sc r = {one_scaled(re, s), one_scaled(im, s)};
     __builtin_memcpy(d, &r, sizeof r);
     advance(sizeof r, a, d);
   }
@@ -232,7 +257,7 @@ NOX_OUT_OF_LINE void product_sums_one_by_one(const Nox32s* a, const Nox32s* b, N
   using One = IntOne<Nox32s>;
   for (; len > 0; --len) {
     const Nox64s t = Nox64s(One::load(a).v) * One::load(b).v + One::load(d).v;
-    One{scaled(t, s)}.store(d);
+    One{one_scaled(t, s)}.store(d);
     advance(sizeof(Nox32s), a, b, d);
   }
 }

@@ -101,10 +101,11 @@ NOX_INLINE bool in_floats(int s) {
 
 template <class T, bool Floats>
 NOX_OUT_OF_LINE bool divide(const T* by, const T* x, T* d, int len, int s) {
-  using V = typename ints<T>::vec;
+  using L = std::conditional_t<sizeof(T) == 4, Quads, Elements<T>>;
+  using V = typename L::vec;
   V seen = V::zero();
   const Quotient<T, Floats> quotient{power_of_two(-s)};
-  map_vectors(
+  map_lanes<L>(
       d, len,
       [&](V divisor, V dividend) {
         seen = seen | (divisor == V::zero());

@@ -37,9 +37,17 @@ struct ByHalves {
     using T = typename V::elem;
     const int n = s - 1;
     const Halves<V> t = Op::halves(a, b);
+    const V one = V::all(1);
+#if NOX_LEVEL >= 1
+    // The product rounds halves up; an even r without the lost bit is moved below its half. (-32768 is no half.)
+    if constexpr (sizeof(T) == 2) {
+      const V stays = and_not(shift_down(t.floor, n) | t.odd, one);
+      return multiply_rounded(sub_saturated(t.floor, stays), V::all(T(1 << (15 - n))));
+    }
+#endif
     const V r = shift_down(t.floor, n), rest = t.floor & V::all(T((Nox64u(1) << n) - 1));
     // Up from above the half, and from the half itself where the lost bit is set or r is odd.
-    const V one = V::all(1), half = V::all(T(Nox64u(1) << (n - 1)));
+    const V half = V::all(T(Nox64u(1) << (n - 1)));
     return add_where_above(r, rest, half - ((t.odd | r) & one));
   }
 };
@@ -75,9 +83,9 @@ template <class E>
 constexpr int kZeroAbove = sizeof(typename Elements<E>::part) == 1 ? 9 : sizeof(typename Elements<E>::part) == 2 ? 16 : 32;
 
 template <class Op, class E>
-NOX_INLINE NoxStatus of_two(const E* a, const E* b, E* d, int len, int s) {
+NOX_OUT_OF_LINE NoxStatus of_two(const E* a, const E* b, E* d, int len, int s) {
   if (const NoxStatus st = check(len, a, b, d)) return st;
-  return scale_paths<Op, Operand::Array>(kZeroAbove<E>, E{}, d, len, s, a, b);
+  return scaled<Op, Operand::Array>(kZeroAbove<E>, E{}, d, len, s, a, b);
 }
 // A complex array is one of twice as many parts. The length comes first here, and not the pointers.
 template <class Op>
@@ -85,15 +93,15 @@ NOX_INLINE NoxStatus of_two_complex(const Nox32sc* a, const Nox32sc* b, Nox32sc*
   if (len < 1) return noxStsSizeErr;
   if (const NoxStatus st = check(len, a, b, d)) return st;
   const int parts = static_cast<int>(2u * static_cast<unsigned>(len));
-  return scale_paths<Op, Operand::Array>(kZeroAbove<Nox32s>, Nox32s{}, &d->re, parts, s, &a->re, &b->re);
+  return of_two<Op>(&a->re, &b->re, &d->re, parts, s);
 }
 
 template <class Op, Operand Constant, class E>
-NOX_INLINE NoxStatus with_constant(const E* a, E c, E* d, int len, int s) {
+NOX_OUT_OF_LINE NoxStatus with_constant(const E* a, E c, E* d, int len, int s) {
   if (const NoxStatus st = check(len, a, d)) return st;
   constexpr bool kKeeps = Constant == Operand::First || __is_same(Op, Sum);  // a constant 0 changes nothing
   if (kKeeps && s == 0 && is_zero(c)) return unchanged(a, d, len);
-  return scale_paths<Op, Constant>(kZeroAbove<E>, c, d, len, s, a);
+  return scaled<Op, Constant>(kZeroAbove<E>, c, d, len, s, a);
 }
 template <class E>
 NOX_INLINE NoxStatus add_constant(const E* a, E c, E* d, int len, int s) {

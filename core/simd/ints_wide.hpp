@@ -70,9 +70,11 @@ NOX_INLINE Two<V128<Nox16u>> multiply_wide(V128<Nox8u> a, V128<Nox8u> b) {
   const Two<V128<Nox16u>> x = widen(a), y = widen(b);
   return {{_mm_mullo_epi16(x.low.v, y.low.v)}, {_mm_mullo_epi16(x.high.v, y.high.v)}};
 }
-NOX_INLINE Two<V128<Nox32s>> multiply_wide(V128<Nox16s> a, V128<Nox16s> b) {
-  const __m128i low = _mm_mullo_epi16(a.v, b.v), high = _mm_mulhi_epi16(a.v, b.v);
-  return {{_mm_unpacklo_epi16(low, high)}, {_mm_unpackhi_epi16(low, high)}};
+// The lower and the upper halves of products of 16 bits, and the products put together of them.
+NOX_INLINE V128<Nox16s> multiply_low(V128<Nox16s> a, V128<Nox16s> b) { return {_mm_mullo_epi16(a.v, b.v)}; }
+NOX_INLINE V128<Nox16s> multiply_high(V128<Nox16s> a, V128<Nox16s> b) { return {_mm_mulhi_epi16(a.v, b.v)}; }
+NOX_INLINE Two<V128<Nox32s>> join(V128<Nox16s> low, V128<Nox16s> high) {
+  return {{_mm_unpacklo_epi16(low.v, high.v)}, {_mm_unpackhi_epi16(low.v, high.v)}};
 }
 // Products of the even lanes; the odd ones are moved down first.
 NOX_INLINE V128<Nox64u> multiply_even(V128<Nox32s> a, V128<Nox32s> b) {
@@ -108,6 +110,10 @@ NOX_INLINE bool any_lane(V128<T> a) {
 }
 // (a + b + 1) / 2, with no bit lost in between.
 NOX_INLINE V128<Nox16u> average(V128<Nox16u> a, V128<Nox16u> b) { return {_mm_avg_epu16(a.v, b.v)}; }
+#if NOX_LEVEL >= 1
+// (a * b + 2^14) / 2^15, rounded down.
+NOX_INLINE V128<Nox16s> multiply_rounded(V128<Nox16s> a, V128<Nox16s> b) { return {_mm_mulhrs_epi16(a.v, b.v)}; }
+#endif
 // `yes` where the sign of a lane of `sign` is set, else `no`.
 NOX_INLINE V128<Nox32s> select_by_sign(V128<Nox32s> sign, V128<Nox32s> yes, V128<Nox32s> no) {
 #if NOX_LEVEL >= 2
@@ -155,9 +161,10 @@ NOX_INLINE Two<V256<Nox16u>> multiply_wide(V256<Nox8u> a, V256<Nox8u> b) {
   const Two<V256<Nox16u>> x = widen(a), y = widen(b);
   return {{_mm256_mullo_epi16(x.low.v, y.low.v)}, {_mm256_mullo_epi16(x.high.v, y.high.v)}};
 }
-NOX_INLINE Two<V256<Nox32s>> multiply_wide(V256<Nox16s> a, V256<Nox16s> b) {
-  const __m256i low = _mm256_mullo_epi16(a.v, b.v), high = _mm256_mulhi_epi16(a.v, b.v);
-  return {{_mm256_unpacklo_epi16(low, high)}, {_mm256_unpackhi_epi16(low, high)}};
+NOX_INLINE V256<Nox16s> multiply_low(V256<Nox16s> a, V256<Nox16s> b) { return {_mm256_mullo_epi16(a.v, b.v)}; }
+NOX_INLINE V256<Nox16s> multiply_high(V256<Nox16s> a, V256<Nox16s> b) { return {_mm256_mulhi_epi16(a.v, b.v)}; }
+NOX_INLINE Two<V256<Nox32s>> join(V256<Nox16s> low, V256<Nox16s> high) {
+  return {{_mm256_unpacklo_epi16(low.v, high.v)}, {_mm256_unpackhi_epi16(low.v, high.v)}};
 }
 NOX_INLINE V256<Nox64u> multiply_even(V256<Nox32s> a, V256<Nox32s> b) { return {_mm256_mul_epi32(a.v, b.v)}; }
 NOX_INLINE V256<Nox32s> odd_down(V256<Nox32s> a) { return {_mm256_srli_epi64(a.v, 32)}; }
@@ -177,6 +184,7 @@ NOX_INLINE bool any_lane(V256<T> a) {
   return !_mm256_testz_si256(a.v, a.v);
 }
 NOX_INLINE V256<Nox16u> average(V256<Nox16u> a, V256<Nox16u> b) { return {_mm256_avg_epu16(a.v, b.v)}; }
+NOX_INLINE V256<Nox16s> multiply_rounded(V256<Nox16s> a, V256<Nox16s> b) { return {_mm256_mulhrs_epi16(a.v, b.v)}; }
 NOX_INLINE V256<Nox32s> select_by_sign(V256<Nox32s> sign, V256<Nox32s> yes, V256<Nox32s> no) {
   return {_mm256_castps_si256(
       _mm256_blendv_ps(_mm256_castsi256_ps(no.v), _mm256_castsi256_ps(yes.v), _mm256_castsi256_ps(sign.v)))};
@@ -221,8 +229,9 @@ NOX_INLINE IntLanes<T, Bytes> sum_saturated(IntLanes<T, Bytes> a, IntLanes<T, By
   if constexpr (sizeof(T) <= 2) {
     return add_saturated(a, b);
   } else {
+    // Unless bits are lost, a sum is below a where b is below 0.
     const IntLanes<T, Bytes> sum = a + b, cut = shift_right(sum, 31) ^ IntLanes<T, Bytes>::all(lowest<T>);
-    return select_by_sign((a ^ sum) & (b ^ sum), cut, sum);
+    return select_by_sign((a > sum) ^ b, cut, sum);
   }
 }
 template <class T, int Bytes>
@@ -231,11 +240,15 @@ NOX_INLINE IntLanes<T, Bytes> difference_saturated(IntLanes<T, Bytes> a, IntLane
     return sub_saturated(a, b);
   } else {
     const IntLanes<T, Bytes> rest = a - b, cut = shift_right(rest, 31) ^ IntLanes<T, Bytes>::all(lowest<T>);
-    return select_by_sign((a ^ b) & (a ^ rest), cut, rest);
+    return select_by_sign((rest > a) ^ b, cut, rest);
   }
 }
 
-// Products of 32-bit lanes.
+// Products of 16-bit lanes and of 32-bit lanes.
+template <int Bytes>
+NOX_INLINE auto multiply_wide(IntLanes<Nox16s, Bytes> a, IntLanes<Nox16s, Bytes> b) {
+  return join(multiply_low(a, b), multiply_high(a, b));
+}
 template <class V>
 NOX_INLINE auto multiply_pairs(V a, V b) {
   const auto even = multiply_even(a, b);

@@ -22,7 +22,7 @@ T cut(R x) {
 
 template <class T>
 T scaled(long double exact, int scale) {
-  return cut<T>(std::nearbyint(std::ldexp(exact, -bounded(scale))));
+  return cut<T>(std::rint(std::ldexp(exact, -bounded(scale))));
 }
 
 template <class T>
@@ -39,11 +39,11 @@ T scaled_quotient(T by, T x, int scale) {
 inline Nox32s scaled_quotient(Nox32s by, Nox32s x, int scale) {
   if (x == 0) return 0;
   const volatile double dividend = std::ldexp(double(x), -bounded(scale)), quotient = dividend / by;
-  return cut<Nox32s>(std::nearbyint(double(quotient)));
+  return cut<Nox32s>(std::rint(double(quotient)));
 }
 inline Nox32s scaled_product_of_doubles(Nox32s a, Nox32s b, int scale) {
   const volatile double first = std::ldexp(double(a), -bounded(scale)), product = first * b;
-  return cut<Nox32s>(std::nearbyint(double(product)));
+  return cut<Nox32s>(std::rint(double(product)));
 }
 
 // The operations, of operands in the order of the arguments; `c` is the constant.

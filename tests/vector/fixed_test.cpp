@@ -246,9 +246,10 @@ TEST_P(Fixed, QuotientsNextToTies) {
   // Dividends whose quotient is nearest to k + 1/2, on either side of it.
   for (int i = 0; i < 3000; ++i) {
     const int s = static_cast<int>(random.integer(-15, 3));
-    const double divisor = static_cast<double>(random.integer(1, 32767));
-    const double tie = static_cast<double>(random.integer(0, 32767)) + 0.5;
-    const double near = std::ldexp(tie * divisor, s);
+    const int64_t divisor = random.integer(1, random.chance(0.5) ? 32767 : 255);
+    const int64_t most = static_cast<int64_t>(std::ldexp(32767, -s)) / divisor;  // whose dividend has 16 bits
+    const double tie = static_cast<double>(random.integer(0, std::min<int64_t>(most, 32767))) + 0.5;
+    const double near = std::ldexp(tie * static_cast<double>(divisor), s);
     by.clear();
     x.clear();
     for (int k = -1; k <= 1; ++k)
