@@ -1,16 +1,23 @@
 // Rows of division and square root; peers besides the compilers are loops of packed divisions and roots.
-#include "bench/harness.hpp"
+#include "bench/row.hpp"
 
-Family division_family() {
+namespace {
+
+Family make() {
   return {"division",
+          "Division and square root",
           {
-              {PRIMITIVE(noxsDiv_64f)},
-              {PRIMITIVE(noxsDiv_64fc)},
-              {PRIMITIVE(noxsDiv_64f_I)},
-              {PRIMITIVE(noxsDiv_64fc_I)},
-              {PRIMITIVE(noxsSqrt_64f)},
-              {PRIMITIVE(noxsSqrt_64fc)},
-              {PRIMITIVE(noxsSqrt_64f_I)},
-              {PRIMITIVE(noxsSqrt_64fc_I)},
+              {PRIMITIVE(noxsDiv_64f), kMemory},
+              {PRIMITIVE(noxsDiv_64fc), kMemory},
+              {PRIMITIVE(noxsDiv_64f_I), kMemory},
+              {PRIMITIVE(noxsDiv_64fc_I), kMemory},
+              {PRIMITIVE(noxsSqrt_64f), kMemory},
+              {PRIMITIVE(noxsSqrt_64fc), kMemory},
+              {PRIMITIVE(noxsSqrt_64f_I), kMemory},
+              {PRIMITIVE(noxsSqrt_64fc_I), kMemory},
           }};
 }
+
+const Registration kEntry(make);
+
+}  // namespace

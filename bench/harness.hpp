@@ -7,47 +7,22 @@
 #include <string>
 #include <vector>
 
-#include "bench/primitive.hpp"
-
-struct Row {
-  const char* name;  // of the primitive, which finds its peers
-  Primitive primitive;
-  unsigned traits = 0;
-  int taps = 0;                                     // of a filter
-  NoxStatus (*prepare)(const Operands*) = nullptr;  // before the first call of a group, untimed
-};
-
-enum Trait : unsigned {
-  kSizes = 1,        // the series of block sizes instead of the three lengths
-  kPlaces = 2,       // also at misaligned and at aliased places
-  kAccumulates = 4,  // reads its destination though it isn't an in-place form
-  kCompute = 8,      // bound by arithmetic: no memory length, fraction of the arithmetic peak
-};
-
-struct Family {
-  const char* name;
-  std::vector<Row> rows;
-};
-
-// One function per family file.
-Family move_family();
-Family vector_family();
-Family division_family();
-Family filter_family();
-Family transform_family();
+#include "bench/row.hpp"
 
 struct Participant {
   std::string who;
   Loop loop = nullptr;                           // either a peer's loop
   NoxStatus (*call)(const Operands*) = nullptr;  // or the library
   Operands operands{};
+  Loop prepare = nullptr;  // of a peer
+  bool restored = false;   // every run starts with a copy of the source to the destination
 };
 
 struct Group {
   std::string family, name, place, shape;
   int len = 0;
-  int element = 0;
-  double flops = 0;  // per element, of filters
+  int element = 0;   // bytes, the larger of source and destination
+  double flops = 0;  // per element, where bound by arithmetic
   std::vector<Participant> participants;
 };
 
@@ -60,6 +35,7 @@ class Harness {
   // Measures the participants of a group with their repetitions interleaved and keeps the times.
   void measure(const Group& group);
   bool wanted(const std::string& name) const { return name.find(only_) != std::string::npos; }
+  void title(const char* family, const char* text) { titles_.emplace_back(family, text); }
   void note(const std::string& text);
   void fact(const std::string& key, double value) { facts_.emplace_back(key, value); }
   bool write(const std::string& path) const;
@@ -70,6 +46,9 @@ class Harness {
   void run_at(const Family& family, const Row& row, int len, const Place& place);
   bool agree(const Row& row, Group& group);
   void refill(const Row& row, const Operands& o);
+  NoxStatus prepare(const Row& row, const Participant& participant);
+  void add(Group& group, Participant participant);
+  void* arena(size_t participant);
 
   std::string variant_, only_;
   bool quick_;
@@ -77,7 +56,9 @@ class Harness {
   std::vector<const PeerSet*> peers_;
   std::vector<std::string> results_, notes_;
   std::vector<std::pair<std::string, double>> facts_;
-  char* arrays_[3] = {};
+  std::vector<std::pair<std::string, std::string>> titles_;
+  char* arrays_[4] = {};
+  std::vector<void*> arenas_;
   std::vector<double> taps_;
 };
 

@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
   // Ours come first, so that flags given by the user win.
   std::string repetitions = "--benchmark_repetitions=3";
   std::string interleaving = "--benchmark_enable_random_interleaving=true";
-  std::string time = "--benchmark_min_time=0.002";
+  std::string time = quick ? "--benchmark_min_time=0.001" : "--benchmark_min_time=0.002";
   rest.insert(rest.begin() + 1, {&repetitions[0], &interleaving[0], &time[0]});
   int rest_count = static_cast<int>(rest.size());
   benchmark::Initialize(&rest_count, rest.data());
@@ -69,8 +69,10 @@ int main(int argc, char** argv) {
   }
   Harness harness(variant, quick, only);
   harness.load_peers(beside_program("nox_peers_" + variant + ".so"));
-  for (const Family& f : {move_family(), vector_family(), division_family(), filter_family(), transform_family()})
+  for (const auto make : families()) {
+    const Family f = make();
     if (family.empty() || family == f.name) harness.run(f);
+  }
   if (family.empty() || family == "startup") measure_startup(harness);
   if (!harness.write(out)) {
     fprintf(stderr, "can't write %s\n", out.c_str());

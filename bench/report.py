@@ -22,8 +22,6 @@ ROOT = Path(__file__).resolve().parent.parent
 COLUMNS = [("GCC", ("gcc",)), ("clang", ("clang",)), ("Eigen", ("eigen",)), ("C library", LIBC),
            ("packed", ("packed",)), ("GCC fast", FAST[:1]), ("clang fast", FAST[1:]), ("body", ("direct",)),
            ("of limit", LIMITS)]
-TITLES = {"move": "Fill, copy and move", "vector": "Arithmetic, reversal, conjugation",
-          "division": "Division and square root", "filter": "Direct FIR", "startup": "Calls"}
 
 
 def measure(args):
@@ -36,6 +34,7 @@ def measure(args):
         for build in args.builds:
             out = args.results / f"{build}-{number}.json"
             command = [str(args.bench), "--variant", build, "--out", str(out)] + (["--quick"] if args.quick else [])
+            command += [f for flag in ("family", "only") if getattr(args, flag) for f in (f"--{flag}", getattr(args, flag))]
             if args.core is not None:
                 command = ["taskset", "-c", str(args.core)] + command
             if subprocess.run(command).returncode:
@@ -53,7 +52,9 @@ def cell(value):
 
 def family_table(rows):
     """Markdown table of rows, with the columns that hold anything."""
-    columns = [c for c in COLUMNS if any(r.ratio(c[1]) is not None for r in rows)]
+    others = [(who, (who,)) for who in dict.fromkeys(w for r in rows for w in r.others())]
+    columns = COLUMNS[:5] + others + COLUMNS[5:]
+    columns = [c for c in columns if any(r.ratio(c[1]) is not None for r in rows)]
     lines = ["| primitive | build | array | place | ns/element | " + " | ".join(c[0] for c in columns) + " |",
              "| --- " * (5 + len(columns)) + "|"]
     for r in rows:
@@ -63,16 +64,21 @@ def family_table(rows):
 
 
 def side_by_side(results):
-    """One line per primitive: ns per element in each build at 1000 elements, and the ratio to its best peer."""
+    """One line per primitive: ns per element in each build at 1000 elements, or at the first of the row's own lengths,
+    and the ratio to its best peer."""
     present = [b for b in BUILDS if b in results.runs]
     lines = ["| primitive | " + " | ".join(present) + " |", "| --- " * (1 + len(present)) + "|"]
-    rows = [r for r in results.rows if r.place == "aligned" and r.len == 1000]
+    aligned = [r for r in results.rows if r.place == "aligned"]
+    lengths = {}
+    for r in aligned:
+        lengths[r.name] = 1000 if r.len == 1000 else lengths.get(r.name, r.len)
+    rows = [r for r in aligned if r.len == lengths[r.name]]
     at = {(r.name, r.build): r for r in rows}
     for name in dict.fromkeys(r.name for r in rows):
         cells = []
         for build in present:
             row = at.get((name, build))
-            ratio = row and row.ratio(COMPILERS + LIBC)
+            ratio = row and row.ratio(COMPILERS + LIBC + row.others())
             cells.append("" if not row else f"{row.per_element:.3g}" + (f" ({ratio:.2f})" if ratio else ""))
         lines.append(f"| `{name}` | " + " | ".join(cells) + " |")
     return lines
@@ -119,7 +125,7 @@ METHOD = """\
 Measured on {when} on one processor that calls itself "{processor}"{pinned}; 32-bit code; peers by {compilers}.{took}
 Every build ran in processes of its own, {passes} of them. Ratios are peer time by library time: 1.00 and more means the
 library is at least as fast. Library and peers ran on the same arrays in the same process, their repetitions in random
-order. A repetition lasts at least 2 ms; a process made 3, or {large} from 1 MiB on, and the best one of all counts. Over
+order. A repetition lasts at least {least} ms; a process made 3, or {large} from 1 MiB on, and the best one of all counts. Over
 all rows the library's median repetition was {middle:.1f} % above its best one, in 5 % of the rows {high:.0f} % or more.
 
 The peers have the instruction set of the build:
@@ -132,6 +138,7 @@ The peers have the instruction set of the build:
   `memset` writes as many bytes.
 - packed: loops of packed divisions and square roots.
 - GCC fast, clang fast: the double loop of a filter with `-ffast-math` besides.
+- any other name: a peer of that family alone.
 - body: the call of the body without the jump through the dispatch table.
 - of limit: a bare loop with the same traffic, by ordinary or streaming stores, whichever is the better; for filters
   one with the same number of multiplications and additions.
@@ -148,7 +155,7 @@ def method(args, results, files, seconds):
         when=datetime.date.fromtimestamp(min(f.stat().st_mtime for f in files)), processor=run["processor"],
         pinned=f", on core {args.core} alone" if args.core is not None else "", compilers=run["compilers"],
         took=f" The runs took {seconds:.0f} s." if seconds else "", passes=len(files) // len(results.runs),
-        large=3 if run["quick"] else 5, middle=100 * (middle - 1), high=100 * (high - 1))
+        least=1 if run["quick"] else 2, large=3 if run["quick"] else 5, middle=100 * (middle - 1), high=100 * (high - 1))
     notes = sorted({f"{b}: {n}" for b, r in results.runs.items() for n in r["notes"]})
     return text + ("\n\nNotes of the runs: " + "; ".join(notes) + "." if notes else "")
 
@@ -174,11 +181,11 @@ def write(args, results, files, seconds):
     if facts:
         lines += ["", "## Loading", ""] + facts
     lines += ["", "## The builds side by side", "",
-              "ns per element at 1000 elements, in brackets the ratio to the best of the compilers, Eigen and the C "
-              "library.", ""] + side_by_side(results)
+              "ns per element at 1000 elements, or at the first of the row's own lengths; in brackets the ratio to the "
+              "best of the compilers, Eigen, the C library and peers of the family's own.", ""] + side_by_side(results)
     main = "h9" if "h9" in results.runs else next(iter(results.runs))
     for family in results.families():
-        lines += ["", f"## {TITLES.get(family, family)}, {main}", ""]
+        lines += ["", f"## {results.title(family)}, {main}", ""]
         lines += family_table(results.select(main, family))
     others = [b for b in BUILDS if b in results.runs and b != main]
     if others:
@@ -189,7 +196,7 @@ def write(args, results, files, seconds):
         (docs / "performance").mkdir(exist_ok=True)
         text = [f"# Performance of the {build} build", "", "Generated by `bench/report.py`; don't edit."]
         for family in results.families():
-            text += ["", f"## {TITLES.get(family, family)}", ""] + family_table(results.select(build, family))
+            text += ["", f"## {results.title(family)}", ""] + family_table(results.select(build, family))
         (docs / "performance" / f"{build}.md").write_text("\n".join(text) + "\n")
 
 
@@ -202,15 +209,26 @@ def main():
     parser.add_argument("--core", type=int, help="processor core to run on")
     parser.add_argument("--passes", type=int, default=2, help="processes per build, their times pooled")
     parser.add_argument("--quick", action="store_true", help="one pass, fewer repetitions and lengths")
+    parser.add_argument("--family", help="only this family; the report then goes to the results folder, not to docs")
+    parser.add_argument("--only", help="only rows with this part in their names; the report goes to the results folder")
     parser.add_argument("--reuse", action="store_true", help="don't measure, take the JSON that is there")
     args = parser.parse_args()
+    part = bool(args.family or args.only)
+    if part:
+        args.results = args.results / "part"
+        args.docs = args.results
     seconds = None if args.reuse else measure(args)
     files = [f for b in args.builds for f in sorted(args.results.glob(f"{b}-*.json"))]
     if not files:
         sys.exit(f"no results in {args.results}")
     results = Results(files)
+    if not results.rows:
+        sys.exit("no rows: no such family or name, or the notes in the JSON say why")
     write(args, results, files, seconds)
-    print("\n".join(bars.table(results)))
+    if part:
+        for family in results.families():
+            print("\n".join(["", results.title(family), ""] + family_table(results.select(family=family))))
+    print("\n".join([""] + bars.table(results, only_measured=part)))
 
 
 if __name__ == "__main__":

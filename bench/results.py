@@ -14,6 +14,8 @@ COMPILERS = ("gcc", "clang", "eigen")
 FAST = ("gcc-fast", "clang-fast")
 LIBC = ("libc", "memset")
 LIMITS = ("limit", "limit-nt")
+# Everyone who isn't named here is the peer of a few families, with a column of his own.
+NAMED = COMPILERS + FAST + LIBC + LIMITS + ("nox", "direct", "packed")
 
 
 @dataclass
@@ -44,6 +46,10 @@ class Row:
     def best(self, who):
         """Best time of these participants, None if none was measured."""
         return min((self.ns[w] for w in who if w in self.ns), default=None)
+
+    def others(self):
+        """Participants that only some families have."""
+        return tuple(w for w in self.ns if w not in NAMED)
 
     def ratio(self, who):
         best = self.best(who)
@@ -86,6 +92,9 @@ class Results:
 
     def families(self):
         return list(dict.fromkeys(r.family for r in self.rows))
+
+    def title(self, family):
+        return next((r["families"][family] for r in self.runs.values() if family in r["families"]), family)
 
     def spreads(self):
         """Median and 95th percentile of the rows' spreads: how quiet the machine was."""

@@ -110,6 +110,7 @@ void measure_loading(Harness& harness) {
 }  // namespace
 
 void measure_startup(Harness& harness) {
+  harness.title("startup", "Calls");
   compare<Add>(harness, "noxsAdd_64f");
   compare<Version>(harness, "noxsGetLibVersion");
   measure_loading(harness);

@@ -1,15 +1,20 @@
 // Rows of the one-shot transforms: Goertzel's recurrence, bound by the latency of its chain, and the Haar wavelet.
-#include "bench/harness.hpp"
+#include "bench/row.hpp"
 
-Family transform_family() {
-  // The inverse reads two arrays of half the length, which is the traffic of one.
-  Row inverse = {PRIMITIVE(noxsWTHaarInv_64f)};
-  inverse.primitive.sources = 1;
+namespace {
+
+Family make() {
   return {"transform",
+          "One-shot transforms",
           {
-              {PRIMITIVE(noxsGoertz_64f)},
-              {PRIMITIVE(noxsGoertz_64fc)},
-              {PRIMITIVE(noxsWTHaarFwd_64f), kPlaces},
-              inverse,
+              Row{PRIMITIVE(noxsGoertz_64f), kReads}.constants(kFrequency).results(1),
+              Row{PRIMITIVE(noxsGoertz_64fc), kReads}.constants(kFrequency).results(1),
+              {PRIMITIVE(noxsWTHaarFwd_64f), kPlaces | kTwoOutputs},
+              // Reads two arrays of half the length, which is the traffic of one.
+              Row{PRIMITIVE(noxsWTHaarInv_64f)}.sources(1),
           }};
 }
+
+const Registration kEntry(make);
+
+}  // namespace

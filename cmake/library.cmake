@@ -32,6 +32,10 @@ set(NOX_CODE -O2 -ffp-contract=off -fno-math-errno -fvisibility=hidden -fno-exce
 if(CMAKE_BUILD_TYPE STREQUAL "Debug")
   list(APPEND NOX_CODE -g)
 endif()
+# The address sanitizer marks memory by eight bytes, so its frames must be aligned.
+if(NOT NOX_SANITIZE)
+  set(NOX_SHORT_FRAMES -mpreferred-stack-boundary=2)
+endif()
 set(NOX_VARIANTS w7 s8 p8 g9 h9)
 set(NOX_FLAGS_w7 -msse2)
 set(NOX_FLAGS_s8 -mssse3 -mtune=bonnell -mno-movbe)
@@ -53,7 +57,7 @@ function(nox_variant_target target tag)
   target_compile_definitions(${target} PRIVATE NOX_VARIANT=${tag} NOX_LEVEL=${level})
   # Bodies and kernels call only their own kind, which take any stack: not to align it for them keeps entries short and
   # lets a body end in a jump to its kernel.
-  target_compile_options(${target} PRIVATE ${NOX_WARNINGS} ${NOX_CODE} -mpreferred-stack-boundary=2
+  target_compile_options(${target} PRIVATE ${NOX_WARNINGS} ${NOX_CODE} ${NOX_SHORT_FRAMES}
                          -fno-tree-loop-distribute-patterns ${NOX_BASE} ${NOX_FLAGS_${tag}})
 endfunction()
 
@@ -78,13 +82,21 @@ endforeach()
 
 # ---- the rest, once
 file(GLOB NOX_ONCE CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/core/*.cpp ${PROJECT_SOURCE_DIR}/core/*.S
-     ${PROJECT_SOURCE_DIR}/array/*.cpp ${PROJECT_SOURCE_DIR}/adapters/*.cpp)
-add_library(nox SHARED ${NOX_ONCE} ${NOX_GENERATED}/dispatch.S ${NOX_GENERATED}/index_forms.cpp ${NOX_OBJECTS})
+     ${PROJECT_SOURCE_DIR}/adapters/*.cpp)
+# The array layer has one build, which is written with the lanes and drivers of the others, at the level of SSE2.
+file(GLOB NOX_ARRAY CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/array/*.cpp)
+set_source_files_properties(${NOX_ARRAY} PROPERTIES COMPILE_DEFINITIONS "NOX_VARIANT=array;NOX_LEVEL=0"
+                            COMPILE_OPTIONS "-fno-tree-loop-distribute-patterns;${NOX_SHORT_FRAMES}")
+add_library(nox SHARED ${NOX_ONCE} ${NOX_ARRAY} ${NOX_GENERATED}/dispatch.S ${NOX_GENERATED}/index_forms.cpp
+            ${NOX_OBJECTS})
 nox_internal_target(nox)
 target_compile_options(nox PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${NOX_WARNINGS} ${NOX_CODE} ${NOX_BASE} -msse2>)
-# Forwarders call stubs and bodies alone, which take any stack: no need to align it for them.
-set_source_files_properties(${NOX_GENERATED}/index_forms.cpp ${PROJECT_SOURCE_DIR}/adapters/move_index.cpp
-                            PROPERTIES COMPILE_OPTIONS -mpreferred-stack-boundary=2)
+# Forwarders call stubs and bodies alone, which take any stack: no need to align it for them. Nor do they need the
+# address of a table to call what is linked beside them: they end in a jump.
+set_source_files_properties(${PROJECT_SOURCE_DIR}/adapters/move_index.cpp
+                            PROPERTIES COMPILE_OPTIONS "${NOX_SHORT_FRAMES}")
+set_source_files_properties(${NOX_GENERATED}/index_forms.cpp
+                            PROPERTIES COMPILE_OPTIONS "-fno-pic;${NOX_SHORT_FRAMES}")
 target_include_directories(nox INTERFACE
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<BUILD_INTERFACE:${NOX_GENERATED}/include>
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)

@@ -9,6 +9,8 @@ from pathlib import Path
 
 # Index forms whose name isn't the primitive's with _Idx behind it.
 INDEX_NAME = {"noxsCopyLE_1u": "noxsCopy_1u_Idx"}
+# Functions of the array layer that have none in spite of their arrays.
+WITHOUT_INDEX_FORM = ("Powc", "Rampd")
 
 
 @dataclass
@@ -42,6 +44,10 @@ class Function:
     @property
     def dispatched(self):
         return bool(re.match(r"nox[si][A-Z]", self.name)) and not self.name.endswith("_Idx")
+
+    @property
+    def array_layer(self):
+        return not self.name.startswith("nox") and not self.name.endswith("_Idx")
 
 
 def parse_parameters(text):
@@ -96,9 +102,12 @@ def index_name(array):
 
 
 def has_index_form(f):
+    takes_array = any(p.array for p in f.parameters)
+    if f.array_layer:
+        return takes_array and f.name not in WITHOUT_INDEX_FORM
     if not f.dispatched:
         return False
-    return (any(p.array for p in f.parameters) or f.name.startswith("noxi")
+    return (takes_array or f.name.startswith("noxi")
             or re.match(r"noxs(Malloc_|Free$|GetLibVersion$)", f.name))
 
 

@@ -76,6 +76,26 @@ PEER_OUT_OF_LINE void traffic_loop(const double* a, const double* b, double* d, 
       [=](int i) { d[i] = (Sources > 0 ? a[i] : 0) + (Sources > 1 ? b[i] : 0) + (Update ? -d[i] : 0); });
   if (Stream) _mm_sfence();
 }
+// The sources are read and nothing is written but the sum.
+template <int Sources>
+PEER_OUT_OF_LINE void read_loop(const double* a, const double* b, double* d, int len) {
+  constexpr int kStep = 4 * kLanes / Sources;  // four sums, so that no addition waits for the one before
+  Lanes s0 = {}, s1 = {}, s2 = {}, s3 = {};
+  int i = 0;
+  for (; i + kStep <= len; i += kStep) {
+    s0 += load(a + i);
+    s1 += load(a + i + kLanes);
+    s2 += load(Sources > 1 ? b + i : a + i + 2 * kLanes);
+    s3 += load(Sources > 1 ? b + i + kLanes : a + i + 3 * kLanes);
+  }
+  s0 += s1 + (s2 + s3);
+  for (; i < len; ++i) s0[0] += a[i] + (Sources > 1 ? b[i] : 0);
+  store(d, s0);
+}
+template <int Sources>
+void read(const Operands* o) {
+  read_loop<Sources>(in<real>(o->a), in<real>(o->b), out<real>(o), o->len);
+}
 template <int Sources, bool Update, bool Stream>
 void traffic(const Operands* o) {
   traffic_loop<Sources, Update, Stream>(in<real>(o->a), in<real>(o->b), out<real>(o), o->len);
@@ -127,6 +147,8 @@ const NamedLoop kLimits[] = {
     {"update", traffic<0, true, false>},
     {"update from", traffic<1, true, false>},
     {"accumulate", traffic<2, true, false>},
+    {"read", read<1>},
+    {"read two", read<2>},
     {"flops", peak},
 };
 const NamedLoop kStreams[] = {

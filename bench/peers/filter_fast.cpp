@@ -1,8 +1,7 @@
 // Plain loops of the primitives that sum, compiled at -O3 and, since their order is the compilers' limit, at
 // -O3 -ffast-math too: direct FIR filters.
 //
-// The build passes PEER, the set's name, and PEER_WHO, the name in the report. The samples before a[0] are read where
-// they stand; taps come reversed, so both inner reads run forward.
+// The samples before a[0] are read where they stand; taps come reversed, so both inner reads run forward.
 #include "bench/peers/shapes.hpp"
 
 namespace NOX_PEER_SPACE {
@@ -30,9 +29,9 @@ PEER_OUT_OF_LINE void fir_complex(const complex* __restrict x, complex* __restri
   }
 }
 
-void fir_64f(const Operands* o) { fir_real(in<real>(o->a), out<real>(o), o->len, o->taps, o->taps_len); }
+void fir_64f(const Operands* o) { fir_real(in<real>(o->a), out<real>(o), o->len, o->taps, o->n[0]); }
 void fir_64fc(const Operands* o) {
-  fir_complex(in<complex>(o->a), out<complex>(o), o->len, reinterpret_cast<const complex*>(o->taps), o->taps_len);
+  fir_complex(in<complex>(o->a), out<complex>(o), o->len, reinterpret_cast<const complex*>(o->taps), o->n[0]);
 }
 
 const NamedLoop kLoops[] = {

@@ -1,7 +1,7 @@
 // Plain loops of the elementwise primitives and the one-shot transforms, compiled by each compiler at -O3 for each
 // instruction set.
 //
-// The build passes PEER, the set's name. To add a loop: one functor unless it exists, one line in the table.
+// To add a loop: one functor unless it exists, one line in the table.
 #include "bench/peers/shapes.hpp"
 
 namespace NOX_PEER_SPACE {
@@ -97,7 +97,7 @@ PEER_OUT_OF_LINE void haar_back_loop(const real* __restrict low, const real* __r
   }
   if (len % 2) d[len - 1] = low[len / 2];
 }
-void haar(const Operands* o) { haar_loop(in<real>(o->a), o->len, out<real>(o), out<real>(o) + (o->len + 1) / 2); }
+void haar(const Operands* o) { haar_loop(in<real>(o->a), o->len, out<real>(o), static_cast<real*>(o->e)); }
 void haar_back(const Operands* o) { haar_back_loop(in<real>(o->a), in<real>(o->b), out<real>(o), o->len); }
 
 using u8 = unsigned char;
@@ -214,4 +214,4 @@ const NamedLoop kLoops[] = {
 }  // namespace NOX_PEER_SPACE
 
 using namespace NOX_PEER_SPACE;
-NOX_PEER_SET(PEER, NOX_PEER_TEXT(PEER), kLoops);
+NOX_PEER_SET(PEER, NOX_PEER_TEXT(PEER_WHO), kLoops);

@@ -1,0 +1,10 @@
+"""Bars of the direct FIR filters."""
+from bars import Bar, against, elements
+from results import COMPILERS, FAST
+
+BARS = [
+    Bar("Direct FIR of 32 taps at least 2.0 of the compilers at -O3", r"noxsFIRSR_64fc? 32 taps", elements(1000),
+        against(*COMPILERS), 2.0),
+    Bar("Direct FIR of 32 taps at least 2.0 of the compilers at -O3 -ffast-math", r"noxsFIRSR_64fc? 32 taps",
+        elements(1000), against(*FAST), 2.0),
+]
