@@ -106,7 +106,14 @@ NOX_INLINE Nox64f factor(int s) { return power_of_two(s < -31 ? 31 : -s); }
 
 template <class F, class... S>
 NOX_OUT_OF_LINE void map_by_doubles(F f, Nox32s* d, int len, const S*... s) {
-  map_lanes<Quads>(d, len, [f](auto... lanes) { return by_doubles(f, lanes...); }, s...);
+  using V = Quads::vec;
+  const auto pinned = [f](auto... lanes) { return by_doubles(f, lanes...); };
+  if (len < 2 * V::N) return map_lanes<Quads>(d, len, pinned, s...);
+  // All but the last vector is converted from memory: there, even twice the bytes are those of the array.
+  const int rest = len - V::N;
+  const V last = pinned(V::load(behind(s, bytes_of<Nox32s>(rest)))...);
+  map_long<Quads>(d, rest, [f](auto... lanes) { return by_doubles<false>(f, lanes...); }, s...);
+  last.store(behind(d, bytes_of<Nox32s>(rest)));
 }
 
 // ---- 32 bits in 64

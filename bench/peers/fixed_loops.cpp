@@ -111,7 +111,14 @@ struct QuotientOfDoubles {
 };
 template <class T, class F>
 struct Doubles {
-  static T rounded(double t) { return T(int(std::nearbyint(cut<double>(t)))); }
+  // Where there is an instruction that rounds in place, loops with it run in vectors.
+  static T rounded(double t) {
+#ifdef __SSE4_1__
+    return T(int(__builtin_nearbyint(cut<double>(t))));
+#else
+    return T(__builtin_lrint(cut<double>(t)));
+#endif
+  }
   template <class D>
   static D cut(D t) {
     constexpr D kLow = D(Limits<T>::kLow), kHigh = D(Limits<T>::kHigh);

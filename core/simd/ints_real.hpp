@@ -27,18 +27,19 @@ NOX_INLINE V128<Nox32s> by_floats(F f, V128<Nox32s> a, V... more) {
 }
 
 #if NOX_LEVEL >= 3
-// Converts from a register: with an operand in memory, emulators have been seen to read as many bytes as they write,
-// which may be more than there are.
+// Four doubles. A conversion straight from memory is the quicker one where the integers come from there, but emulators
+// have been seen to read as many bytes for it as it writes: `Pinned` ones come from a register.
+template <bool Pinned>
 NOX_INLINE F64x4 four_doubles(__m128i x) {
-  asm("" : "+x"(x));
+  if constexpr (Pinned) asm("" : "+x"(x));
   return {_mm256_cvtepi32_pd(x)};
 }
 #endif
 
-template <class F, class... V>
+template <bool Pinned = true, class F, class... V>
 NOX_INLINE V128<Nox32s> by_doubles(F f, V128<Nox32s> a, V... more) {
 #if NOX_LEVEL >= 3
-  return {_mm256_cvtpd_epi32(f(four_doubles(a.v), four_doubles(more.v)...).v)};
+  return {_mm256_cvtpd_epi32(f(four_doubles<Pinned>(a.v), four_doubles<Pinned>(more.v)...).v)};
 #else
   const auto upper = [](__m128i x) { return F64x2{_mm_cvtepi32_pd(_mm_shuffle_epi32(x, 0xEE))}; };
   const __m128i low = _mm_cvtpd_epi32(f(F64x2{_mm_cvtepi32_pd(a.v)}, F64x2{_mm_cvtepi32_pd(more.v)}...).v);
