@@ -228,7 +228,7 @@ TEST_P(Fixed, RemarkableConstants) {
     check(kComplexByConstant, c);
 }
 
-// Sums over all bytes, and the ties of all 16-bit divisors at the scales where quotients are decided last.
+// Every pair of operands, at the scales that round.
 TEST_P(Fixed, EveryPairOfBytes) {
   std::vector<Nox8u> x(65536), y(65536), d(65536), expected(65536);
   for (size_t i = 0; i < x.size(); ++i) {
