@@ -7,6 +7,7 @@
 // the same forward transform serves it.
 #include "core/drivers.hpp"
 #include "transform/dct.hpp"
+#include "transform/dct_lanes.hpp"
 #include "transform/sine.hpp"
 #include "vector/block.hpp"
 
@@ -24,12 +25,13 @@ void multiply(Nox64fc* z, const Nox64fc* by, size_t count) { map<c64>(z, static_
 
 void make_chirp(Nox64fc* c, Nox32u points) {
   Nox32u square = 0;  // n^2 modulo 2L
-  for (Nox32u n = 0; n < points; ++n) {
-    const Turn w = turn(square, 2 * points);
-    c[n] = {w.cosine, -w.sine};
+  const auto next_square = [&](Nox32u n) {
+    const Nox32u at = square;
     square += 2 * n + 1;
     if (square >= 2 * points) square -= 2 * points;
-  }
+    return at;
+  };
+  for_turns(points, 2 * points, next_square, [=](Nox32u n, Turn w) { c[n] = {w.cosine, -w.sine}; });
 }
 
 NoxStatus make_filter(Nox64fc* h, const Nox64fc* c, Nox32u points, size_t len, const NoxFftSpec* fft, Nox8u* work) {
@@ -57,30 +59,41 @@ NoxStatus transform(Nox64fc* z, size_t given, const DctSpec* spec) {
 
 NOX_INLINE void separate_first(Nox64fc* z) { *z = {z->re + z->im, z->re - z->im}; }
 
+// rule(x, y, factor) on the pairs k and points - k, k from 1 on while they differ; leaves the new pair in x and y.
+template <class Rule>
+NOX_INLINE void for_mirrored(Nox64fc* z, const Nox64fc* factors, size_t points, Rule rule) {
+  by_lanes(1, (points + 1) / 2, [=](auto lanes, size_t k) {
+    using L = decltype(lanes);
+    Split<L> x = load_parts<L>(z + k), y = load_parts_down<L>(z + points - k);
+    rule(x, y, load_parts<L>(factors + k));
+    store_parts(z + k, x);
+    store_parts_down(z + points - k, y);
+  });
+}
+
 void recombine_forward(Nox64fc* z, const Nox64fc* factors, size_t points) {
   separate_first(z);
-  size_t k = 1;
-  for (; 2 * k < points; ++k) {
-    const Nox64fc x = z[k], y = z[points - k];
-    const Nox64f a = factors[k].re, b = factors[k].im, d = x.re - y.re, t = x.im + y.im;
-    const Nox64f u = a * t + b * d, v = b * t - a * d;
-    z[k] = {y.re + u, v - y.im};
-    z[points - k] = {x.re - u, v - x.im};
-  }
-  if (2 * k == points) z[k].im = -z[k].im;
+  for_mirrored(z, factors, points, [](auto& x, auto& y, auto w) {
+    const auto d = x.re - y.re, t = x.im + y.im, u = w.re * t + w.im * d, v = w.im * t - w.re * d;
+    const auto re = x.re - u, im = v - x.im;
+    x = {y.re + u, v - y.im};
+    y = {re, im};
+  });
+  if (points % 2 == 0) z[points / 2].im = -z[points / 2].im;
 }
 
 void recombine_inverse(Nox64fc* z, const Nox64fc* factors, size_t points) {
   separate_first(z);
-  size_t k = 1;
-  for (; 2 * k < points; ++k) {
-    const Nox64fc x = z[k], y = z[points - k];
-    const Nox64f a = factors[k].re, b = factors[k].im, d = x.re - y.re, t = x.im + y.im;
-    const Nox64f u = b * d - a * t, v = a * d + b * t, re = x.re + y.re, im = x.im - y.im;
-    z[k] = {re - u, v - im};
-    z[points - k] = {re + u, v + im};
+  for_mirrored(z, factors, points, [](auto& x, auto& y, auto w) {
+    const auto d = x.re - y.re, t = x.im + y.im, u = w.im * d - w.re * t, v = w.re * d + w.im * t;
+    const auto re = x.re + y.re, im = x.im - y.im;
+    x = {re - u, v - im};
+    y = {re + u, v + im};
+  });
+  if (points % 2 == 0) {
+    Nox64fc& middle = z[points / 2];
+    middle = {2 * middle.re, -2 * middle.im};
   }
-  if (2 * k == points) z[k] = {2 * z[k].re, -2 * z[k].im};
 }
 
 }  // namespace
@@ -98,10 +111,11 @@ NoxStatus dct_init_chirp(DctSpec* spec, bool inverse, Nox8u* tables, Nox8u* init
   if (fft->workSize > 0 && !init) return noxStsNullPtrErr;
   make_chirp(c, chirp.points);
   if (const NoxStatus st = make_filter(filter, c, chirp.points, len, fft, init)) return st;
-  for (Nox32u k = 0; k < chirp.points; ++k) {
-    const Turn w = turn(k, 2 * chirp.points);
-    factors[k] = inverse ? Nox64fc{w.cosine, -w.sine} : Nox64fc{0.5 * w.cosine, 0.5 - 0.5 * w.sine};
-  }
+  for_turns(
+      chirp.points, 2 * chirp.points, [](Nox32u k) { return k; },
+      [=](Nox32u k, Turn w) {
+        factors[k] = inverse ? Nox64fc{w.cosine, -w.sine} : Nox64fc{0.5 * w.cosine, 0.5 - 0.5 * w.sine};
+      });
   dct_make_turns(*spec, inverse, turns, points);
   spec->pChirp = c;
   spec->pChirpFilter = filter;
@@ -125,7 +139,10 @@ NoxStatus dct_chirp_forward(const Nox64f* s, Nox64f* d, const DctSpec* spec, Nox
   if (const NoxStatus st = transform(z, (n + 1) / 2, spec)) return st;
   recombine_forward(z, spec->pCombine, points);
   if (n % 2)
-    for (size_t k = 0; k < n; ++k) d[k] = z[k].re * spec->pPostTwiddle[k].re + z[k].im * spec->pPostTwiddle[k].im;
+    by_lanes(0, n, [=](auto lanes, size_t k) {
+      const auto x = load_parts<decltype(lanes)>(z + k), w = load_parts<decltype(lanes)>(spec->pPostTwiddle + k);
+      (x.re * w.re + x.im * w.im).store(d + k);
+    });
   else
     dct_turn_out(z, spec->pPostTwiddle, d, n);
   return noxStsNoErr;
@@ -135,7 +152,11 @@ NoxStatus dct_chirp_inverse(const Nox64f* s, Nox64f* d, const DctSpec* spec, Nox
   const size_t n = static_cast<size_t>(spec->len), points = DctChirp(spec->len).points;
   Nox64fc* const z = reinterpret_cast<Nox64fc*>(work);
   if (n % 2)
-    for (size_t k = 0; k < n; ++k) z[k] = {s[k] * spec->pPostTwiddle[k].re, s[k] * spec->pPostTwiddle[k].im};
+    by_lanes(0, n, [=](auto lanes, size_t k) {
+      const auto x = decltype(lanes)::load(s + k);
+      const auto w = load_parts<decltype(lanes)>(spec->pPostTwiddle + k);
+      store_parts(z + k, Split<decltype(lanes)>{x * w.re, x * w.im});
+    });
   else
     dct_turn_in(s, spec->pPostTwiddle, z, n);
   recombine_inverse(z, spec->pCombine, points);

@@ -31,8 +31,9 @@ class Walk {
 
 NoxStatus dct_init_direct(DctSpec* spec, Nox8u* tables) {
   Nox64f* const cosines = reinterpret_cast<Nox64f*>(tables);
-  const Nox32u turns = 4 * static_cast<Nox32u>(spec->len);
-  for (Nox32u j = 0; j < turns; ++j) cosines[j] = turn(j, turns).cosine;
+  const Nox32u whole = 4 * static_cast<Nox32u>(spec->len);
+  for_turns(
+      whole, whole, [](Nox32u j) { return j; }, [=](Nox32u j, Turn w) { cosines[j] = w.cosine; });
   spec->pCosTable = cosines;
   spec->workSize = 8 * spec->len;
   return noxStsNoErr;

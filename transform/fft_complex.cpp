@@ -45,7 +45,7 @@ constexpr Nox32s work_of_large(int order) {
 constexpr Nox32s kTablesAt = to64(kFftHeader), kSlack = 64;  // any base address allowed for
 constexpr FftSizes sizes_of(int order) {
   if (order <= fft_variant.directLast) return {kFftHeader + kSlack, 0, 0};
-  const Nox32s sine = (1 << order) * 2 + 8, init = order <= kSineTableOrder ? 0 : to64(sine) + kSlack;
+  const Nox32s sine = (1 << order) * 2 + 8, init = order <= kConstantWave ? 0 : to64(sine) + kSlack;
   if (order <= fft_variant.middleLast)
     return {stage_bytes(order) + reversal_bytes(order) + kTablesAt + kSlack, init, to64(array_bytes(order)) + kSlack};
   return {level_bytes(order) + reversal_bytes_of_large(order) + kTablesAt + kSlack, init,
@@ -137,7 +137,6 @@ NoxStatus transform(const Nox64fc* src, Nox64fc* dst, const NoxFftSpec* spec, No
 NoxStatus noxsCplxFftGetSize(int order, int flag, int, int* pSpecSize, int* pInitSize, int* pWorkSize) {
   if (order < 0 || order > kFftQueryOrder) return noxStsFftOrderErr;
   if (!pSpecSize || !pInitSize || !pWorkSize) return noxStsNullPtrErr;
-  if (fft_variant.limitAtOnce && order > kFftMaxOrder) return noxStsFftOrderErr;
   if (!is_flag(flag)) return noxStsFftFlagErr;
   if (order > kFftMaxOrder) return noxStsFftOrderErr;
   const FftSizes sizes = sizes_of(order);
@@ -156,7 +155,7 @@ NoxStatus noxsCplxFftInit(NoxFftSpec** ppSpec, int order, int flag, int hint, No
   zero_bytes(&spec, kFftHeader);
   if (!is_flag(flag)) return noxStsFftFlagErr;  // idCtx is 0
   fill_header(spec, order, flag, hint);
-  if (order > kSineTableOrder && !pInitMem) return noxStsNullPtrErr;
+  if (order > kConstantWave && !pInitMem) return noxStsNullPtrErr;
   if (order > fft_variant.directLast) {
     const Wave wave = make_wave(order, reinterpret_cast<Nox64f*>(aligned(pInitMem)));
     (order <= fft_variant.middleLast ? fill_middle : fill_large)(spec, wave, memory + kTablesAt);

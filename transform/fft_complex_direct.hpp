@@ -17,7 +17,7 @@ template <size_t R, size_t C>
 struct DirectTwiddles {
   alignas(32) Nox64f c[R][C], s[R][C];
   constexpr DirectTwiddles() : c{}, s{} {
-    const Wave wave = short_wave(order_of(R * C));
+    const Wave wave = constant_wave(order_of(R * C));
     for (size_t k = 0; k < R; ++k)
       for (size_t j = 0; j < C; ++j) {
         c[k][j] = wave.cosine(j * k);

@@ -146,6 +146,35 @@ NOX_INLINE void store_joined(Nox64f* p, Split<V> a) {
 #endif
   }
 }
+// The same of V::N elements from p downwards.
+template <class V>
+NOX_INLINE Split<V> load_joined_down(const Nox64f* p) {
+  if constexpr (V::N == 2) {
+    const V a = V::load(p), b = V::load(p - 2);
+    return {low_halves(a, b), high_halves(a, b)};
+  } else {
+#if NOX_LEVEL >= 3
+    const auto pair = [p](int i, int k) {
+      return V{_mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(p - 2 * i)), _mm_loadu_pd(p - 2 * k), 1)};
+    };
+    const V even = pair(0, 2), odd = pair(1, 3);
+    return {low_halves(even, odd), high_halves(even, odd)};
+#endif
+  }
+}
+template <class V>
+NOX_INLINE void store_joined_down(Nox64f* p, Split<V> a) {
+  const V low = low_halves(a.re, a.im), high = high_halves(a.re, a.im);
+  if constexpr (V::N == 2) {
+    low.store(p);
+    high.store(p - 2);
+  } else {
+#if NOX_LEVEL >= 3
+    _mm256_storeu_pd(p - 2, _mm256_permute2f128_pd(high.v, low.v, 0x20));
+    _mm256_storeu_pd(p - 6, _mm256_permute2f128_pd(high.v, low.v, 0x31));
+#endif
+  }
+}
 // Where a pass leaves its results.
 enum class Form { Split, Joined };
 template <Form form, class V>

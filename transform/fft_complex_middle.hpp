@@ -68,9 +68,11 @@ NOX_INLINE void first_butterfly(Nox64f* d, size_t apart, Leg&& leg) {
   }
 }
 
+// From this order on the eight legs of a butterfly stand whole pages apart.
+constexpr int kPageLegs = 11;
 // From the source in bit-reversed order. Four neighbours there belong to butterflies whose results are quarters of the
 // array apart, and are taken together: a line of cache is read once.
-template <bool Inverse, int Radix>
+template <bool Inverse, int Radix, bool Ahead>
 NOX_INLINE void reversing_pass(const Nox64f* src, Nox64f* dst, int order, const Nox32u* table) {
   using C = c64::vec;
   constexpr size_t kSize = 2 * Radix;
@@ -78,15 +80,15 @@ NOX_INLINE void reversing_pass(const Nox64f* src, Nox64f* dst, int order, const 
   for (size_t m = 0; m < half / (4 * Radix); ++m, dst += kSize) {
     const Nox64f* const from = src + table[Radix / 4 * m];
     const auto leg = [=](int j) { return from + (j & 1 ? half : 0) + (j & 2 ? quarter : 0) + (j & 4 ? eighth : 0); };
-    // Eight lines a power of 2 apart fill all ways of a cache set, and the results would push them out before they are
-    // used up: they are read first.
+    // Eight lines whole pages apart fill all ways of a cache set, and the results would push them out before they are
+    // used up: they are read ahead.
     alignas(32) Nox64f lines[8][8];
-    if constexpr (Radix == 8)
+    if constexpr (Ahead)
       for (int j = 0; j < 8; ++j)
         for (int h = 0; h < 8; h += f64::vec::N) f64::vec::load(leg(j) + h).store(lines[j] + h);
     for (size_t h = 0; h < 4; h += C::N)
       first_butterfly<Inverse, Radix>(dst + (h & 1 ? half : 0) + (h & 2 ? quarter : 0), half, [&](int j) {
-        return complex<C>(f64::vec::load((Radix == 8 ? lines[j] : leg(j)) + 2 * h));
+        return complex<C>(f64::vec::load((Ahead ? lines[j] : leg(j)) + 2 * h));
       });
   }
 }
@@ -146,9 +148,11 @@ template <bool Inverse>
 void middle(const Nox64f* src, Nox64f* dst, int order, const Nox64f* twiddles, const Nox32u* reversal, Nox64f* work) {
   Nox64f* const target = src != dst && reinterpret_cast<uintptr_t>(dst) % 16 == 0 ? dst : work;
   if (order % 2 == 0)
-    reversing_pass<Inverse, 4>(src, target, order, reversal);
+    reversing_pass<Inverse, 4, false>(src, target, order, reversal);
+  else if (order < kPageLegs)
+    reversing_pass<Inverse, 8, false>(src, target, order, reversal);
   else
-    reversing_pass<Inverse, 8>(src, target, order, reversal);
+    reversing_pass<Inverse, 8, true>(src, target, order, reversal);
   later_passes<Inverse, Form::Joined>(target, dst, order, twiddles);
 }
 

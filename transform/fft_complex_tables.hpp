@@ -1,40 +1,11 @@
 // The twiddles, each a copy of an entry of a quarter of a sine wave, and the tables they are laid out in.
 #pragma once
 #include "transform/fft_complex_lanes.hpp"
-#include "transform/fft_complex_sine.hpp"
-#include "transform/fft_complex_sine_table.hpp"
 #include "transform/fft_variant.hpp"
+#include "transform/sine.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
-
-// The wave of a transform: sine and cosine of 2*pi*i/N, i from 0 to N - 1, by the symmetries of the quarter.
-struct Wave {
-  const Nox64f* quarter;
-  size_t stride;  // between the entries of the quarter that are used
-  int order;      // of N
-  constexpr size_t length() const { return size_t{1} << order; }
-  constexpr Nox64f sine(size_t i) const {
-    const size_t fourth = length() / 4, inside = i & (fourth - 1);
-    const Nox64f x = quarter[(i & fourth ? fourth - inside : inside) * stride];
-    return i & (2 * fourth) ? -x : x;
-  }
-  constexpr Nox64f cosine(size_t i) const { return sine((i + length() / 4) & (length() - 1)); }
-};
-constexpr Wave short_wave(int order) { return {kSineTable, size_t{1} << (kSineTableOrder - order), order}; }
-
-// The wave of any order from 2 on, computed into `memory` where the constant table is too short.
-NOX_INLINE Wave make_wave(int order, Nox64f* memory) {
-  if (order <= kSineTableOrder) return short_wave(order);
-  const size_t n = size_t{1} << order;
-  const Nox64f step = 6.283185307179586 / static_cast<Nox64f>(n);
-  // Beyond an eighth of the turn the cosine of the remaining angle: no angle exceeds pi/4.
-  for (size_t k = 0; k <= n / 8; ++k) memory[k] = static_cast<Nox64f>(static_cast<int>(k)) * step;
-  for (size_t k = n / 8 + 1; k <= n / 4; ++k) memory[k] = static_cast<Nox64f>(static_cast<int>(n / 4 - k)) * step;
-  fft_sines(memory, memory, n / 8 + 1);
-  fft_cosines(memory + n / 8 + 1, memory + n / 8 + 1, n / 8);
-  return {memory, 1, order};
-}
 
 // The twiddle exp(-2*pi*i*k/2^order) of butterflies k and k + 1: two cosines, two negated sines.
 NOX_INLINE Nox64f* put_twiddles(Nox64f* d, const Wave& wave, int order, size_t k, size_t step) {

@@ -100,7 +100,9 @@ NOX_INLINE size_t near_lines(size_t n) {
 
 struct LargePlan {
   LineChain columns, rows;
-  const Nox64fc* turns;  // exp(-2 pi i column k1 / N), in the order of use
+  // exp(-2 pi i column k1 / N), in the order of use: those of the first eight columns, and those that turn them into
+  // any other eight. A table of all would be as long as the array, and reading it cost more than a second product.
+  const Nox64fc *near_turns, *far_turns;
 };
 
 // Lines that lie far apart are asked for ahead of their use, so many butterflies or lines: no processor guesses them.
@@ -128,13 +130,15 @@ NOX_PASS void gather_columns(const LargePlan& p, const Nox64fc* src, Nox64fc* y,
 }
 
 // The last pass over columns, whose results are multiplied by their turns. These stand in the order of use: for the
-// lines k, k + l, k + 2l, k + 3l of one butterfly the first two columns of each, then the next two.
+// lines k, k + l, k + 2l, k + 3l of one butterfly the near ones of the first two columns of each, then of the next two;
+// the far ones a value a line.
 template <bool Inverse>
-NOX_PASS void turn_columns(Nox64fc* x, size_t l, const Nox64f* w, const Nox64fc* turns) {
-  for (const Nox64fc* const end = x + l * kLine; x != end; w += 6, x += kLine, turns += 4 * kLine)
+NOX_PASS void turn_columns(Nox64fc* x, size_t l, const Nox64f* w, const Nox64fc* near, const Nox64fc* far) {
+  for (const Nox64fc* const end = x + l * kLine; x != end; w += 6, x += kLine, near += 4 * kLine, far += 4)
     join_lines<Inverse>(x, l, w, [=](size_t j, size_t half, C64x2 y) NOX_INLINED {
-      const C64x2 t = fetch(turns + 4 * half + 2 * j);
-      times<Inverse>(y, re_twice(t), im_twice(t)).store(x + j * l * kLine + half);
+      const C64x2 t = fetch(near + 4 * half + 2 * j);
+      const C64x2 turned = times<Inverse>(y, re_twice(t), im_twice(t));
+      times_one<Inverse>(turned, &far[j].re).store(x + j * l * kLine + half);
     });
 }
 
@@ -142,8 +146,8 @@ template <bool Inverse, int Radix>
 NOX_PASS void columns_of_large(const LargePlan& p, const Nox64fc* src, Nox64fc* work, Nox64f scale) {
   const size_t n1 = size_t{1} << p.columns.order, n2 = size_t{1} << p.rows.order;
   const size_t near = near_lines<Radix>(n1);
-  const Nox64fc* turns = p.turns;
-  for (size_t b = 0; b < n2; b += kLine, src += kLine, work += n1 * kLine, turns += n1 * kLine) {
+  const Nox64fc* far = p.far_turns;
+  for (size_t b = 0; b < n2; b += kLine, src += kLine, work += n1 * kLine, far += n1) {
     const Nox64f* w = p.columns.twiddles;
     size_t l = 0;
     for (size_t part = 0; part < n1; part += near) {
@@ -153,7 +157,7 @@ NOX_PASS void columns_of_large(const LargePlan& p, const Nox64fc* src, Nox64fc* 
       line_passes<Inverse>(work + part * kLine, near, l, near, w);
     }
     line_passes<Inverse>(work, n1, l, n1 / 4, w);
-    turn_columns<Inverse>(work, l, w, turns);
+    turn_columns<Inverse>(work, l, w, p.near_turns, far);
   }
 }
 

@@ -4,8 +4,8 @@
 #if NOX_LEVEL >= 4
 #include "transform/fft_large.hpp"
 #include "transform/fft_passes.hpp"
-#include "transform/fft_sine.hpp"
 #include "transform/fft_small.hpp"
+#include "transform/sine.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
@@ -46,16 +46,18 @@ constexpr size_t chain_twiddles(int order) {
 constexpr size_t chain_places(int order) {
   return align_up(sizeof(Nox32u) * ((size_t{1} << (order - first_pass_order(order))) + kAhead));
 }
+constexpr size_t near_turns(int columns) { return sizeof(Nox64fc) * kLine << columns; }
+constexpr size_t far_turns(int order) { return (sizeof(Nox64fc) << order) / kLine; }
 constexpr Nox64u large_bytes(int order) {
   const int c = columns_order(order), r = rows_order(order);
-  return (Nox64u{sizeof(Nox64fc)} << order) + align_up(chain_twiddles(c)) + align_up(chain_twiddles(r)) +
+  return near_turns(c) + far_turns(order) + align_up(chain_twiddles(c)) + align_up(chain_twiddles(r)) +
          chain_places(c) + chain_places(r);
 }
 
 // ---- building
 struct Tables {
   Nox8u* at;
-  const Nox64f* sines;
+  Wave wave;
   int order;
   template <class T>
   T* take(size_t bytes) {
@@ -63,7 +65,7 @@ struct Tables {
     at += align_up(bytes);
     return p;
   }
-  Nox64fc root(size_t k) const { return root_of_unity(sines, order, k); }
+  Nox64fc root(size_t k) const { return {wave.cosine(k), -wave.sine(k)}; }
 };
 
 // The twiddle factors of the middle and small orders.
@@ -117,16 +119,20 @@ void build_large(Tables& t, LargePlan* plan) {
   const int c = columns_order(t.order), r = rows_order(t.order);
   plan->columns = build_chain(t, c);
   plan->rows = build_chain(t, r);
-  Nox64fc* turn = t.take<Nox64fc>(sizeof(Nox64fc) << t.order);
-  plan->turns = turn;
   const size_t l = (size_t{1} << c) / 4;
-  for (size_t b = 0; b < size_t{1} << r; b += kLine)
+  Nox64fc* near = t.take<Nox64fc>(near_turns(c));
+  plan->near_turns = near;
+  for (size_t k = 0; k < l; ++k)
+    for (size_t column = 0; column < kLine; column += 2)
+      for (size_t j = 0; j < 4; ++j, near += 2) {
+        near[0] = t.root(column * (k + j * l));
+        near[1] = t.root((column + 1) * (k + j * l));
+      }
+  Nox64fc* far = t.take<Nox64fc>(far_turns(t.order));
+  plan->far_turns = far;
+  for (size_t block = 0; block < size_t{1} << r; block += kLine)
     for (size_t k = 0; k < l; ++k)
-      for (size_t column = b; column < b + kLine; column += 2)
-        for (size_t j = 0; j < 4; ++j, turn += 2) {
-          turn[0] = t.root(column * (k + j * l));
-          turn[1] = t.root((column + 1) * (k + j * l));
-        }
+      for (size_t j = 0; j < 4; ++j) *far++ = t.root(block * (k + j * l));
 }
 
 // ---- running
@@ -179,16 +185,13 @@ bool plan_size(int order, int& spec_size, int& work_size) {
 
 void plan_init(NoxFftSpec* spec, Nox64f* sines) {
   const int order = spec->order;
-  Nox64f few[(1 << kNoInitOrder) / 4 + 1];
-  if (order <= kNoInitOrder) sines = few;
   Nox8u* const base = reinterpret_cast<Nox8u*>(spec);
   LargePlan* const large = reinterpret_cast<LargePlan*>(base + kFftHeader);
-  Tables tables{base + kRecord, sines, order};
   spec->plan = large;
-  spec->pTwiddle = reinterpret_cast<const Nox64f*>(tables.at);
+  spec->pTwiddle = reinterpret_cast<const Nox64f*>(base + kRecord);
   spec->workSize = order <= kPlanDirectOrder ? 0 : static_cast<Nox32s>((sizeof(Nox64fc) << order) + 128);
   if (order < 4) return;
-  quarter_sines(order, sines);
+  Tables tables{base + kRecord, make_wave(order, sines), order};
   order <= kPlanMiddleOrder ? build_passes(tables) : build_large(tables, large);
 }
 

@@ -6,13 +6,14 @@
 // All of a plan lies in the spec's memory behind its header; a transform only reads it.
 #pragma once
 #include "transform/fft.hpp"
+#include "transform/sine.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
 
-constexpr int kNoInitOrder = 10;      // up to here the tables need no init memory
-constexpr int kPlanDirectOrder = 6;   // no work memory up to here
-constexpr int kPlanMiddleOrder = 15;  // passes over the whole array up to here
+constexpr int kNoInitOrder = kConstantWave;  // up to here the tables need no init memory
+constexpr int kPlanDirectOrder = 6;          // no work memory up to here
+constexpr int kPlanMiddleOrder = 15;         // passes over the whole array up to here
 
 // Bytes of spec and work memory, header and any base address included; false if one passes the range of int.
 bool plan_size(int order, int& spec_size, int& work_size);

@@ -31,10 +31,9 @@ NoxStatus noxsCplxFftGetSize(int order, int flag, int, int* spec_size, int* init
   if (!spec_size || !init_size || !work_size) return noxStsNullPtrErr;
   if (order > kFftMaxOrder) return noxStsFftOrderErr;
   if (!is_flag(flag)) return noxStsFftFlagErr;
-  *init_size = 0;
-  if (!plan_size(order, *spec_size, *work_size)) return noxStsFftOrderErr;
-  if (order > kNoInitOrder) *init_size = static_cast<int>((((size_t{2} << order) + 71) & ~size_t{63}) + 64);
-  return noxStsNoErr;
+  const bool fits = plan_size(order, *spec_size, *work_size);  // else both are 0
+  *init_size = fits && order > kNoInitOrder ? static_cast<int>((((size_t{2} << order) + 71) & ~size_t{63}) + 64) : 0;
+  return fits ? noxStsNoErr : noxStsFftOrderErr;
 }
 
 NoxStatus noxsCplxFftInit(NoxFftSpec** result, int order, int flag, int hint, Nox8u* memory, Nox8u* init) {

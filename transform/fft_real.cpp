@@ -6,7 +6,6 @@
 #include "transform/fft_real.hpp"
 
 #include "core/simd/f64.hpp"
-#include "transform/fft_variant.hpp"
 #include "transform/memory.hpp"
 #include "vector/block.hpp"
 
@@ -94,7 +93,7 @@ NoxStatus inverse(const Nox64f* s, Nox64f* d, const NoxFftSpec* spec, Nox8u* wor
 NoxStatus noxsRealFftGetSize(int order, int flag, int hint, int* pSpecSize, int* pInitSize, int* pWorkSize) {
   if (order < 0 || order > 30) return noxStsFftOrderErr;
   if (!pSpecSize || !pInitSize || !pWorkSize) return noxStsNullPtrErr;
-  if (fft_variant.limitAtOnce && order > kRealFftMaxOrder) return noxStsFftOrderErr;
+  if (real_fft_range.limit_first && order > kRealFftMaxOrder) return noxStsFftOrderErr;
   if (!is_flag(flag)) return noxStsFftFlagErr;
   if (order > kRealFftMaxOrder) return noxStsFftOrderErr;
   if (order <= real_fft_range.direct) {
@@ -129,7 +128,7 @@ NoxStatus noxsRealFftInit(NoxFftSpec** ppSpec, int order, int flag, int hint, No
     Nox64f* const tables =
         reinterpret_cast<Nox64f*>(reinterpret_cast<uintptr_t>(spec) + static_cast<uintptr_t>(tables_at(spec_size)));
     Nox64f* const second = tables + recombination_bytes(order) / sizeof(Nox64f);
-    make_recombination(order, tables, second);
+    make_recombination(order, reinterpret_cast<Nox64f*>(at_boundary(pInitMem)), tables, second);
     spec->pRecombFwd = tables;
     spec->pRecombInv = second;
   }

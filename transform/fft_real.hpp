@@ -11,11 +11,12 @@ inline namespace NOX_VARIANT {
 constexpr int kRealFftMaxOrder = kFftMaxOrder + 1;
 
 struct RealFftRange {
-  int direct;     // orders up to this one are straight lines
-  int two_level;  // from this order on the recombination's factors are made of two short tables
+  int direct;        // orders up to this one are straight lines
+  int two_level;     // from this order on the recombination's factors are made of two short tables
+  bool limit_first;  // an order above the limit is refused before a bad flag is
 };
 namespace real_fft_ranges {
-constexpr RealFftRange w7{5, 18}, s8{5, 18}, p8{5, 19}, g9{4, 18}, h9{4, 18};
+constexpr RealFftRange w7{5, 18, false}, s8{5, 18, false}, p8{5, 19, false}, g9{4, 18, false}, h9{4, 18, true};
 }  // namespace real_fft_ranges
 constexpr RealFftRange real_fft_range = real_fft_ranges::NOX_VARIANT;
 
@@ -29,7 +30,8 @@ constexpr Nox64u recombination_bytes(int order) {
   const Nox64u n = Nox64u{1} << order;
   return order < real_fft_range.two_level ? (4 * n + 63) & ~Nox64u{63} : (n / 128 + 8255) & ~Nox64u{63};
 }
-NOX_HIDDEN void make_recombination(int order, Nox64f* forward, Nox64f* inverse);
+// `init` has room for 2^order / 4 + 1 values where the constant wave doesn't reach.
+NOX_HIDDEN void make_recombination(int order, Nox64f* init, Nox64f* forward, Nox64f* inverse);
 // From the half-length spectrum to that of the real data, in place.
 NOX_HIDDEN void recombine_forward(int order, const Nox64f* table, Nox64f* d);
 // And back, doubled, in place or to another array.

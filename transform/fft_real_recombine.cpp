@@ -1,10 +1,10 @@
 // The recombination: pairs k and M - k of the half-length spectrum, M = N/2, to the same pairs of the real data's.
 //
-// Pairs walk towards the middle two at a time, real and imaginary parts in separate vectors; the middle value is a pair
-// with itself. A plain table holds two factors for each k up to N/4, in groups (a[k], a[k+1], b[k], b[k+1]) for odd k.
-// A two-level table holds the factors e^(-2*pi*i*k/N) of k = 1 to 512 in such groups and, behind them, those of the
-// multiples of 512: a long table would cost more memory traffic than the product of two short ones.
-#include "core/simd/f64.hpp"
+// Pairs walk towards the middle a vector at a time, real and imaginary parts in separate vectors; the middle value is a
+// pair with itself. A plain table holds two factors for each k up to N/4, in groups (a[k], a[k+1], b[k], b[k+1]) for
+// odd k. A two-level table holds the factors e^(-2*pi*i*k/N) of k = 1 to 512 in such groups and, behind them, those of
+// the multiples of 512: a long table would cost more memory traffic than the product of two short ones.
+#include "transform/fft_complex_lanes.hpp"
 #include "transform/fft_real.hpp"
 #include "transform/sine.hpp"
 
@@ -13,48 +13,28 @@ inline namespace NOX_VARIANT {
 namespace {
 
 constexpr size_t kFine = 512, kFineDoubles = 2 * kFine;
+constexpr int kGroup = 4;
 
-using V = F64x2;
-
-// Two complex values apart.
-struct Two {
-  V re, im;
-};
-NOX_INLINE Two load_up(const Nox64f* z) {
-  const V a = V::load(z), b = V::load(z + 2);
-  return {low_halves(a, b), high_halves(a, b)};
-}
-NOX_INLINE Two load_down(const Nox64f* z) {
-  const V a = V::load(z), b = V::load(z - 2);
-  return {low_halves(a, b), high_halves(a, b)};
-}
-NOX_INLINE void store_up(Nox64f* z, Two x) {
-  low_halves(x.re, x.im).store(z);
-  high_halves(x.re, x.im).store(z + 2);
-}
-NOX_INLINE void store_down(Nox64f* z, Two x) {
-  low_halves(x.re, x.im).store(z);
-  high_halves(x.re, x.im).store(z - 2);
-}
+using V = f64::vec;
 
 // Rules for x = Z[k], y = Z[M - k] and the factors (a, b); each leaves the new pair in x and y.
 struct ForwardPlain {  // a = cos/2, b = (1 - sin)/2
-  static NOX_INLINE void apply(Two& x, Two& y, V a, V b) {
+  static NOX_INLINE void apply(Split<V>& x, Split<V>& y, V a, V b) {
     const V d = x.re - y.re, t = x.im + y.im;
     const V u = madd(a, t, b * d), v = b * t - a * d;
-    const Two up{y.re + u, v - y.im}, down{x.re - u, v - x.im};
+    const Split<V> up{y.re + u, v - y.im}, down{x.re - u, v - x.im};
     x = up;
     y = down;
   }
 };
 // The pair of sums and differences turned by u and v.
-NOX_INLINE void join(Two& x, Two& y, V u, V v) {
+NOX_INLINE void join(Split<V>& x, Split<V>& y, V u, V v) {
   const V re = x.re + y.re, im = x.im - y.im;
   x = {re + u, v + im};
   y = {re - u, v - im};
 }
 struct Forward {  // a = cos, b = -sin
-  static NOX_INLINE void apply(Two& x, Two& y, V a, V b) {
+  static NOX_INLINE void apply(Split<V>& x, Split<V>& y, V a, V b) {
     const V half = V::all(0.5);
     x = {x.re * half, x.im * half};
     y = {y.re * half, y.im * half};
@@ -63,7 +43,7 @@ struct Forward {  // a = cos, b = -sin
   }
 };
 struct Inverse {  // a = cos, b = -sin
-  static NOX_INLINE void apply(Two& x, Two& y, V a, V b) {
+  static NOX_INLINE void apply(Split<V>& x, Split<V>& y, V a, V b) {
     const V d = x.re - y.re, t = x.im + y.im;
     join(x, y, b * d - a * t, madd(a, d, b * t));
   }
@@ -71,15 +51,16 @@ struct Inverse {  // a = cos, b = -sin
 
 template <class Rule>
 NOX_INLINE void pair(const Nox64f* s, Nox64f* d, size_t low, size_t high, V a, V b) {
-  Two x = load_up(s + 2 * low), y = load_down(s + 2 * high);
+  Split<V> x = load_joined<V>(s + 2 * low), y = load_joined_down<V>(s + 2 * high);
   Rule::apply(x, y, a, b);
-  store_up(d + 2 * low, x);
-  store_down(d + 2 * high, y);
+  store_joined(d + 2 * low, x);
+  store_joined_down(d + 2 * high, y);
 }
 
 template <class Rule>
 NOX_INLINE void recombine(size_t m, const Nox64f* table, const Nox64f* s, Nox64f* d) {
-  for (size_t k = 1; k <= m / 2; k += 2, table += 4) pair<Rule>(s, d, k, m - k, V::load(table), V::load(table + 2));
+  for (size_t k = 1; k <= m / 2; k += V::N, table += 2 * V::N)
+    pair<Rule>(s, d, k, m - k, load_twiddles<V, kGroup>(table), load_twiddles<V, kGroup>(table + 2));
 }
 template <class Rule>
 NOX_INLINE void recombine_two_level(size_t m, const Nox64f* table, const Nox64f* s, Nox64f* d) {
@@ -87,8 +68,8 @@ NOX_INLINE void recombine_two_level(size_t m, const Nox64f* table, const Nox64f*
   for (size_t base = 0; base < m / 2; base += kFine, coarse += 2) {
     const V cc = V::all(coarse[0]), ss = V::all(coarse[1]);
     const Nox64f* fine = table;
-    for (size_t k = base + 1; k < base + kFine; k += 2, fine += 4) {
-      const V c = V::load(fine), w = V::load(fine + 2);
+    for (size_t k = base + 1; k < base + kFine; k += V::N, fine += 2 * V::N) {
+      const V c = load_twiddles<V, kGroup>(fine), w = load_twiddles<V, kGroup>(fine + 2);
       pair<Rule>(s, d, k, m - k, cc * c - ss * w, madd(cc, w, ss * c));
     }
   }
@@ -96,11 +77,12 @@ NOX_INLINE void recombine_two_level(size_t m, const Nox64f* table, const Nox64f*
 
 }  // namespace
 
-void make_recombination(int order, Nox64f* forward, Nox64f* inverse) {
+void make_recombination(int order, Nox64f* init, Nox64f* forward, Nox64f* inverse) {
   const Nox32u n = Nox32u{1} << order;
   const bool plain = order < real_fft_range.two_level;
+  const Wave wave = make_wave(order, init);
   for (Nox32u k = 1; k <= (plain ? n / 4 : Nox32u{kFine}); ++k) {
-    const Turn w = turn(k, n);
+    const Turn w = wave.early(k);
     const size_t at = 4 * size_t{(k - 1) / 2} + (k - 1) % 2;
     forward[at] = plain ? 0.5 * w.cosine : w.cosine;
     forward[at + 2] = plain ? 0.5 - 0.5 * w.sine : -w.sine;
@@ -110,7 +92,7 @@ void make_recombination(int order, Nox64f* forward, Nox64f* inverse) {
   if (plain) return;
   Nox64f* const both[] = {forward, inverse};
   for (Nox32u j = 0; j < n / 4 / kFine; ++j) {
-    const Turn w = turn(j * Nox32u{kFine}, n);
+    const Turn w = wave.early(j * kFine);
     for (Nox64f* const table : both) {
       table[kFineDoubles + 2 * j] = w.cosine;
       table[kFineDoubles + 2 * j + 1] = -w.sine;

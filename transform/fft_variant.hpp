@@ -1,4 +1,5 @@
-// What differs between the builds in the complex transform, as data: one constexpr record each.
+// What differs between the builds in the complex transform, as data: one constexpr record each. The build that makes
+// plans has none.
 //
 // Orders up to directLast run straight-line code, those up to middleLast stay in cache from end to end; a larger one is
 // cut into 2^s rows whose columns are then joined in blocks that fill 2^t elements of work memory. The numbers follow
@@ -22,7 +23,6 @@ struct FftVariant {
   Nox32u copied;     // orders that out of place are copied and then reversed in place, a bit each
   size_t copyChunk;  // bytes that one call copies then
   FftCut cuts[5];
-  bool limitAtOnce;  // an order above the limit is refused before a bad flag is
   constexpr bool copies(int order) const { return copied >> order & 1; }
   constexpr FftCut cut(int order) const {
     FftCut found = cuts[0];
@@ -36,15 +36,10 @@ namespace fft_variants {
 constexpr Nox32u from(int order) { return ~Nox32u{0} << order; }
 
 constexpr FftVariant w7{
-    5, 13, 16, 1u << 15 | from(17), 2097152, {{14, 4, 8}, {16, 4, 10}, {18, 6, 12}, {19, 6, 13}, {20, 8, 13}}, false};
-constexpr FftVariant s8{5, 16, 18, from(18), 67108864, {{17, 6, 10}, {21, 8, 13}}, false};
-constexpr FftVariant p8{5, 16, 18, from(18), 67108864, {{17, 4, 10}, {20, 6, 12}, {21, 8, 13}}, false};
-constexpr FftVariant g9{6, 17, 18, from(22), 67108864, {{18, 4, 9}, {22, 8, 13}}, false};
-constexpr FftVariant like(FftVariant v, bool limitAtOnce) {
-  v.limitAtOnce = limitAtOnce;
-  return v;
-}
-constexpr FftVariant h9 = like(g9, true);
+    5, 13, 16, 1u << 15 | from(17), 2097152, {{14, 4, 8}, {16, 4, 10}, {18, 6, 12}, {19, 6, 13}, {20, 8, 13}}};
+constexpr FftVariant s8{5, 16, 18, from(18), 67108864, {{17, 6, 10}, {21, 8, 13}}};
+constexpr FftVariant p8{5, 16, 18, from(18), 67108864, {{17, 4, 10}, {20, 6, 12}, {21, 8, 13}}};
+constexpr FftVariant g9{6, 17, 18, from(22), 67108864, {{18, 4, 9}, {22, 8, 13}}};
 }  // namespace fft_variants
 
 constexpr FftVariant fft_variant = fft_variants::NOX_VARIANT;

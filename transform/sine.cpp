@@ -1,26 +1,60 @@
-// The angle is taken to the first eighth of the turn in whole numbers, so that nothing is lost there and symmetric
-// entries of a table are equal bit for bit; the rest is one instruction in extended precision.
+// The angle in the first eighth of the turn is a product of a whole number and a step of two doubles, and keeps the
+// part that its double can't hold; the polynomials of the library's sine and cosine take both.
 #include "transform/sine.hpp"
+
+#include "transform/fft_complex_lanes.hpp"
+#include "vmath/trig.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
+namespace {
 
-Turn turn(Nox32u part, Nox32u whole) {
-  // In eighths of a turn times `whole`: up to `whole` is the first eighth.
-  const Nox64s eighth = whole;
-  Nox64s at = Nox64s{8} * part;
-  const bool below = at > 4 * eighth;
-  if (below) at = 8 * eighth - at;
-  const bool left = at > 2 * eighth;
-  if (left) at = 4 * eighth - at;
-  const bool steep = at > eighth;
-  if (steep) at = 2 * eighth - at;
-  const long double angle =
-      static_cast<long double>(at) * 0.785398163397448309615660845819875721L / static_cast<long double>(eighth);
-  long double cosine, sine;
-  asm("fsincos" : "=t"(cosine), "=u"(sine) : "0"(angle));
-  const Nox64f c = static_cast<Nox64f>(steep ? sine : cosine), s = static_cast<Nox64f>(steep ? cosine : sine);
-  return {left ? -c : c, below ? -s : s};
+using V = f64::vec;
+
+struct Circle {
+  V whole, high, low;  // pi/4/whole is high + low; the product of `high` and a number up to 2^29 is exact
+};
+
+// Parts in, cosines and sines out.
+NOX_INLINE void turn_lanes(const Circle& circle, V part, V& cosine, V& sine) {
+  // In eighths of a turn times `whole`, folded about the half, the quarter and the eighth of the turn.
+  const V eighth = circle.whole, quarter = eighth + eighth, half = quarter + quarter;
+  const V to_half = half - part * V::all(8);
+  const V to_quarter = quarter - (half - abs(to_half));
+  const V to_eighth = eighth - (quarter - abs(to_quarter));
+  const V at = eighth - abs(to_eighth);
+  const V high = at * circle.high, low = at * circle.low;
+  const V r = high + low;
+  const Angle<V> angle{r, (high - r) + low, V::zero()};
+  const V z = r * r, s = sine_near_zero(angle, z), c = cosine_near_zero(angle, z);
+  cosine = pick(to_eighth, s, c) ^ sign_of(to_quarter);
+  sine = pick(to_eighth, c, s) ^ sign_of(to_half);
+}
+
+}  // namespace
+
+void turns(Turn (&d)[kTurnChunk], const Nox64f (&parts)[kTurnChunk], Nox32u n, Nox32u whole) {
+  const long double step = 0.785398163397448309615660845819875721L / whole;
+  const Nox64f high = static_cast<Nox32f>(step);
+  const Circle circle{V::all(static_cast<Nox64f>(static_cast<Nox32s>(whole))), V::all(high),
+                      V::all(static_cast<Nox64f>(step - high))};
+  for (size_t i = 0; i < n; i += V::N) {
+    Split<V> w;
+    turn_lanes(circle, V::load(parts + i), w.re, w.im);
+    store_joined(&d[i].cosine, w);
+  }
+}
+
+Wave make_wave(int order, Nox64f* memory) {
+  if (order <= kConstantWave) return constant_wave(order);
+  const Nox32u n = Nox32u{1} << order;
+  for_turns(
+      n / 8 + 1, n, [](Nox32u k) { return k; },
+      [=](Nox32u k, Turn w) {
+        memory[k] = w.sine;
+        memory[n / 4 - k] = w.cosine;
+      });
+  return {memory, 1, order};
 }
 
 }  // namespace NOX_VARIANT

@@ -4,6 +4,10 @@
 #ifndef NOX_ARRAY_H
 #define NOX_ARRAY_H
 
+#include "nox/array/histogram.h"
+#include "nox/array/running.h"
+#include "nox/array/sign.h"
+#include "nox/array/value.h"
 #include "nox/types.h"
 
 NOX_BEGIN_DECLS

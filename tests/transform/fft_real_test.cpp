@@ -10,10 +10,6 @@
 #include "kit/random.hpp"
 #include "kit/variants.hpp"
 
-extern "C" {
-extern const transforms::RealFft w7_real_fft, s8_real_fft, p8_real_fft, g9_real_fft, h9_real_fft;
-}
-
 namespace {
 
 using kit::Guarded;

@@ -14,6 +14,13 @@ struct RealFft {
   NoxStatus (*multiply_pack_conj)(const Nox64f* a, Nox64f* d, int len);
   void (*multiply_pack_conj_to)(const Nox64f* a, const Nox64f* b, Nox64f* d, int len);
   int max_direct, first_two_level;  // orders at which the way changes
+  // What all the transforms' tables are made of.
+  void (*turn)(Nox32u part, Nox32u whole, Nox64f* cosine, Nox64f* sine);
+  Nox64f (*wave_sine)(int order, Nox32u at, Nox64f* memory);
 };
 
 }  // namespace transforms
+
+extern "C" {
+extern const transforms::RealFft w7_real_fft, s8_real_fft, p8_real_fft, g9_real_fft, h9_real_fft;
+}

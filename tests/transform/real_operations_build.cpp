@@ -1,6 +1,7 @@
 // Compiled with the flags of each build: the operations of the real Fourier transform as a table.
 #include "transform/fft_real.hpp"
 #include "transform/real_operations.hpp"
+#include "transform/sine.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
@@ -18,6 +19,16 @@ template <Operation operation>
 NoxStatus run(const Nox64f* s, Nox64f* d, const void* spec, Nox8u* work) {
   return operation(s, d, static_cast<const NoxFftSpec*>(spec), work);
 }
+
+void turn(Nox32u part, Nox32u whole, Nox64f* cosine, Nox64f* sine) {
+  for_turns(
+      1, whole, [=](Nox32u) { return part; },
+      [=](Nox32u, Turn w) {
+        *cosine = w.cosine;
+        *sine = w.sine;
+      });
+}
+Nox64f wave_sine(int order, Nox32u at, Nox64f* memory) { return make_wave(order, memory).sine(at); }
 
 }  // namespace
 }  // namespace NOX_VARIANT
@@ -38,5 +49,7 @@ const transforms::RealFft NOX_BODY(real_fft) = {noxsRealFftGetSize,
                                                 noxsMulPackConj,
                                                 noxsMulPackConjTo,
                                                 real_fft_range.direct,
-                                                real_fft_range.two_level};
+                                                real_fft_range.two_level,
+                                                turn,
+                                                wave_sine};
 }

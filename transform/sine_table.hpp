@@ -6,8 +6,6 @@
 namespace nox {
 inline namespace NOX_VARIANT {
 
-constexpr int kSineTableOrder = 10;
-
 // clang-format off
 constexpr Nox64f kSineTable[257] = {
     0.0, 0.006135884649154475, 0.012271538285719925, 0.01840672990580482, 0.024541228522912288,

@@ -1,0 +1,73 @@
+// Histograms: counts and sums in bins, by value or by index.
+//
+// Four bins are computed in a vector, then counted one after the other; a bin's place leaves the vector through memory,
+// from where the processor takes it as it takes any address. The bin is cut to its range as an integer, for a value
+// that fits none converts to the lowest one.
+#include "nox/array/histogram.h"
+#include "array/forward.hpp"
+
+namespace nox {
+inline namespace NOX_VARIANT {
+namespace {
+
+struct Bins {
+  F64x2 offset, scale;
+  V128<Nox32s> top;
+  NOX_INLINE __m128i of_pair(F64x2 x) const { return _mm_cvttpd_epi32(((x - offset) * scale).v); }
+  template <bool Cut>
+  NOX_INLINE V128<Nox32s> cut(__m128i bins) const {
+    V128<Nox32s> b{bins};
+    if constexpr (Cut) b = min(max(b, V128<Nox32s>::zero()), top);
+    return b;
+  }
+};
+
+// put(bin, i) for every element in turn.
+template <bool Cut, class Put>
+NOX_INLINE void each_bin(const Nox64f* s, Nox32u n, const Bins& bins, Put&& put) {
+  Nox32s at[4];
+  Nox32u i = 0;
+  for (; n - i >= 4; i += 4) {
+    const __m128i low = bins.of_pair(F64x2::load(s + i)), high = bins.of_pair(F64x2::load(s + i + 2));
+    bins.cut<Cut>(_mm_unpacklo_epi64(low, high)).store(at);
+    for (Nox32u j = 0; j < 4; ++j) put(at[j], i + j);
+  }
+  for (; i < n; ++i) {
+    bins.cut<Cut>(bins.of_pair({F64x1::load(s + i).v})).store(at);
+    put(at[0], i);
+  }
+}
+
+template <class Put>
+NOX_INLINE void histogram(const Nox64f* s, Nox64f scale, Nox64f offset, Nox32s count, Nox32u n, Put&& put) {
+  const Bins bins = {F64x2::all(offset), F64x2::all(scale), V128<Nox32s>::all(count - 1)};
+  if (count >= 1)
+    each_bin<true>(s, n, bins, put);
+  else
+    each_bin<false>(s, n, bins, put);
+}
+
+}  // namespace
+}  // namespace NOX_VARIANT
+}  // namespace nox
+
+using namespace nox;
+
+extern "C" {
+
+void HistogramCount(const Nox64f src[], Nox64f scale, Nox64f offset, Nox32u bins[], Nox32s binCount, Nox32u n) {
+  histogram(src, scale, offset, binCount, n, [bins](Nox32s bin, Nox32u) { ++bins[bin]; });
+}
+void HistogramSum(const Nox64f src[], Nox64f scale, Nox64f offset, Nox64f bins[], Nox32s binCount, Nox32u n) {
+  histogram(src, scale, offset, binCount, n, [bins, src](Nox32s bin, Nox32u i) { bins[bin] += src[i]; });
+}
+void HistoCount(const Nox32u indexes[], Nox32u bins[], Nox32u n) {
+#pragma GCC unroll 4
+  for (Nox32u i = 0; i < n; ++i) ++bins[indexes[i]];
+}
+void HistoSum(const Nox32u indexes[], const Nox64f values[], Nox64f sums[], Nox32u n) {
+#pragma GCC unroll 4
+  for (Nox32u i = 0; i < n; ++i) sums[indexes[i]] += values[i];
+}
+
+}  // extern "C"

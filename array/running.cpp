@@ -1,0 +1,123 @@
+// Running sums, plain and with a lag, ramps, products, and the movers of complex elements.
+//
+// A running sum adds an element to the sum before it, so it goes element by element with the sum in a register. With a
+// lag of at least a vector the sums of a vector don't depend on each other, and whole vectors run.
+#include <string.h>
+
+#include "array/forward.hpp"
+#include "nox/array/running.h"
+
+namespace nox {
+inline namespace NOX_VARIANT {
+namespace {
+
+template <class T>
+struct lanes_of : ints<T> {};
+template <>
+struct lanes_of<Nox64f> : f64 {};
+template <>
+struct lanes_of<Nox64fc> : c64 {};
+
+template <class T>
+NOX_INLINE void running_sum(const T* s, T* d, Nox32u n) {
+  using One = typename lanes_of<T>::one;
+  if (n == 0) return;
+  One sum = One::load(s);
+  sum.store(d);
+#pragma GCC unroll 4
+  for (Nox32u k = 1; k < n; ++k) {
+    sum = sum + One::load(s + k);
+    sum.store(d + k);
+  }
+}
+
+template <class T>
+NOX_INLINE void lagged_sum(const T* s, T* d, Nox32u n, Nox32u lag) {
+  using V = typename lanes_of<T>::vec;
+  using One = typename lanes_of<T>::one;
+  constexpr Nox32u N = V::N;
+  if (s != d && lag > 0) memmove(d, s, lag * sizeof(T));
+  if (lag >= n) return;
+  Nox32u k = lag;
+  // Without a lag it is a sum's own place that is read.
+  if ((lag == 0 || lag >= N) && !ahead_of(d, s, n)) {
+#pragma GCC unroll 4
+    for (; n - k >= N; k += N) (V::load(s + k) + V::load(d + (k - lag))).store(d + k);
+  }
+  for (; k < n; ++k) (One::load(s + k) + One::load(d + (k - lag))).store(d + k);
+}
+
+// The numbers k and k + 1.
+NOX_INLINE F64x2 pair_from(__m128i k) { return {_mm_cvtepi32_pd(k)}; }
+
+}  // namespace
+}  // namespace NOX_VARIANT
+}  // namespace nox
+
+using namespace nox;
+
+extern "C" {
+
+void CumSum(const Nox64f src[], Nox64f dst[], Nox32u n) { running_sum(src, dst, n); }
+void CumSumc(const Nox64fc src[], Nox64fc dst[], Nox32u n) { running_sum(src, dst, n); }
+void CumSum_8u(const Nox8u src[], Nox8u dst[], Nox32u n) { running_sum(src, dst, n); }
+void CumSum_16s(const Nox16s src[], Nox16s dst[], Nox32u n) { running_sum(src, dst, n); }
+void CumSum_32s(const Nox32s src[], Nox32s dst[], Nox32u n) { running_sum(src, dst, n); }
+void CumSumDelta(const Nox64f src[], Nox64f dst[], Nox32u n, Nox32u delta) { lagged_sum(src, dst, n, delta); }
+void CumSumDeltac(const Nox64fc src[], Nox64fc dst[], Nox32u n, Nox32u delta) { lagged_sum(src, dst, n, delta); }
+void CumSumDelta_8u(const Nox8u src[], Nox8u dst[], Nox32u n, Nox32u delta) { lagged_sum(src, dst, n, delta); }
+void CumSumDelta_16s(const Nox16s src[], Nox16s dst[], Nox32u n, Nox32u delta) { lagged_sum(src, dst, n, delta); }
+void CumSumDelta_32s(const Nox32s src[], Nox32s dst[], Nox32u n, Nox32u delta) { lagged_sum(src, dst, n, delta); }
+
+void Rampd(Nox64f dst[], Nox32u n, Nox64f offset, Nox64f step) {
+  const F64x2 from = F64x2::all(offset), by = F64x2::all(step);
+  __m128i k = _mm_setr_epi32(0, 1, 0, 0);
+  const __m128i two = _mm_set1_epi32(2);
+  Nox32u i = 0;
+#pragma GCC unroll 4
+  for (; n - i >= 2; i += 2, k = _mm_add_epi32(k, two)) (from + pair_from(k) * by).store(dst + i);
+  if (i < n) F64x1{(from + pair_from(k) * by).v}.store(dst + i);
+}
+void Rampc(Nox64fc dst[], Nox32u n, const Nox64fc* offset, const Nox64fc* step) {
+  const F64x2 from = parts(C64x1::load(offset)), by = parts(C64x1::load(step));
+  __m128i k = _mm_setzero_si128();
+  const __m128i one = _mm_set1_epi32(1);
+#pragma GCC unroll 4
+  for (Nox32u i = 0; i < n; ++i, k = _mm_add_epi32(k, one)) complex<C64x1>(from + pair_from(k) * by).store(dst + i);
+}
+
+void Product(const Nox64f src[], Nox32u n, Nox64f* product) {
+  constexpr Nox32u kChains = 6;
+  F64x2 chain[kChains];
+  for (F64x2& c : chain) c = F64x2::all(1.0);
+  Nox32u i = 0;
+  for (; n - i >= 2 * kChains; i += 2 * kChains)
+    for (Nox32u c = 0; c < kChains; ++c) chain[c] = chain[c] * F64x2::load(src + i + 2 * c);
+  for (; n - i >= 2; i += 2) chain[0] = chain[0] * F64x2::load(src + i);
+  const F64x2 all = ((chain[0] * chain[1]) * (chain[2] * chain[3])) * (chain[4] * chain[5]);
+  F64x1 total = F64x1{all.v} * F64x1{high_halves(all, all).v};
+  if (i < n) total = total * F64x1::load(src + i);
+  total.store(product);
+}
+void Productc(const Nox64fc src[], Nox32u n, Nox64fc* product) {
+  C64x1 total = C64x1::all({1.0, 0.0});
+  for (Nox32u i = 0; i < n; ++i) total = C64x1::load(src + i) * total;
+  total.store(product);
+}
+
+void Flip(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
+  forward(
+      dst, n, [](C64x1 x) { return swap_parts(x); }, src);
+}
+void FlipConj(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
+  forward(
+      dst, n, [](C64x1 x) { return conj(swap_parts(x)); }, src);
+}
+void Reverse(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
+  if (src == dst)
+    reverse_in_place<c64>(dst, static_cast<int>(n));
+  else
+    map_reversed<c64>(dst, src, static_cast<int>(n), Keep{});
+}
+
+}  // extern "C"

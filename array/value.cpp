@@ -1,0 +1,154 @@
+// Arithmetic of an array with a value, and of a complex array with a real one.
+//
+// A real operand of a complex sum stands beside a zero, so that the other part has 0.0 added or subtracted as the
+// definitions say; of a complex product or quotient it stands in both parts. A complex value is read through its
+// pointer for each element, for it may lie inside the destination.
+#include "nox/array/value.h"
+#include "array/forward.hpp"
+
+namespace nox {
+inline namespace NOX_VARIANT {
+namespace {
+
+NOX_INLINE C64x1 with_zero(F64x1 a) { return {a.v}; }
+NOX_INLINE C64x1 with_zero(Nox64f a) { return {_mm_set_sd(a)}; }
+NOX_INLINE C64x1 twice(F64x1 a) { return re_twice(with_zero(a)); }
+NOX_INLINE C64x1 twice(Nox64f a) { return re_twice(with_zero(a)); }
+NOX_INLINE C64x1 times(C64x1 a, C64x1 b) { return complex<C64x1>(parts(a) * parts(b)); }
+NOX_INLINE C64x1 over(C64x1 a, C64x1 b) { return complex<C64x1>(parts(a) / parts(b)); }
+
+// a / b by the reciprocal of the squared magnitude, for one element at a time.
+NOX_INLINE C64x1 quotient(C64x1 a, C64x1 b) {
+  const F64x2 squares = parts(b) * parts(b);
+  const F64x1 magnitude = F64x1{squares.v} + F64x1{high_halves(squares, squares).v};
+  const C64x1 direct = times(a, re_twice(b)), crossed = times(swap_parts(a), im_twice(b));
+  const C64x1 product = sub_add(direct, complex<C64x1>(negate(parts(crossed))));
+  return times(product, twice(F64x1::all(1.0) / magnitude));
+}
+
+}  // namespace
+}  // namespace NOX_VARIANT
+}  // namespace nox
+
+using namespace nox;
+
+extern "C" {
+
+void AddValue(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n) {
+  forward(
+      dst, n, [value](auto x) { return x + decltype(x)::all(value); }, src);
+}
+void AddValuec(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
+  forward(
+      dst, n, [value](C64x1 x) { return x + one(value); }, src);
+}
+void AddValuecd(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
+  forward(
+      dst, n, [value](C64x1 x) { return with_zero(value) + x; }, src);
+}
+void AddValuedc(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
+  forward(
+      dst, n, [value](F64x1 x) { return with_zero(x) + one(value); }, src);
+}
+
+void SubFromValue(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n) {
+  forward(
+      dst, n, [value](auto x) { return decltype(x)::all(value) - x; }, src);
+}
+void SubFromValuec(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
+  forward(
+      dst, n, [value](C64x1 x) { return one(value) - x; }, src);
+}
+void SubFromValuecd(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
+  forward(
+      dst, n, [value](C64x1 x) { return with_zero(value) - x; }, src);
+}
+void SubFromValuedc(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
+  forward(
+      dst, n, [value](F64x1 x) { return one(value) - with_zero(x); }, src);
+}
+
+void ScaleByValue(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n) {
+  forward(
+      dst, n, [value](auto x) { return x * decltype(x)::all(value); }, src);
+}
+void ScaleByValuec(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
+  forward(
+      dst, n, [value](C64x1 x) { return x * one(value); }, src);
+}
+void ScaleByValuecd(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
+  forward(
+      dst, n, [value](C64x1 x) { return times(x, twice(value)); }, src);
+}
+void ScaleByValuedc(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
+  forward(
+      dst, n, [value](F64x1 x) { return times(twice(x), one(value)); }, src);
+}
+
+void DivideValue(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n) {
+  forward(
+      dst, n, [value](auto x) { return decltype(x)::all(value) / x; }, src);
+}
+void DivideValuec(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
+  forward(
+      dst, n, [value](C64x1 x) { return quotient(one(value), x); }, src);
+}
+void DivideValuecd(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
+  forward(
+      dst, n, [value](C64x1 x) { return quotient(with_zero(value), x); }, src);
+}
+void DivideValuedc(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
+  forward(
+      dst, n, [value](F64x1 x) { return over(one(value), twice(x)); }, src);
+}
+
+void AddVeccd(const Nox64fc a[], const Nox64f b[], Nox64fc dst[], Nox32u n) {
+  forward(
+      dst, n, [](C64x1 x, F64x1 y) { return with_zero(y) + x; }, a, b);
+}
+void SubVeccd(const Nox64fc a[], const Nox64f b[], Nox64fc dst[], Nox32u n) {
+  forward(
+      dst, n, [](C64x1 x, F64x1 y) { return x - with_zero(y); }, a, b);
+}
+void SubVecdc(const Nox64f a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
+  forward(
+      dst, n, [](F64x1 x, C64x1 y) { return with_zero(x) - y; }, a, b);
+}
+void MulVeccd(const Nox64fc a[], const Nox64f b[], Nox64fc dst[], Nox32u n) {
+  forward(
+      dst, n, [](C64x1 x, F64x1 y) { return times(x, twice(y)); }, a, b);
+}
+void DivVeccd(const Nox64fc a[], const Nox64f b[], Nox64fc dst[], Nox32u n) {
+  forward(
+      dst, n, [](C64x1 x, F64x1 y) { return over(x, twice(y)); }, a, b);
+}
+void DivVecdc(const Nox64f a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
+  forward(
+      dst, n, [](F64x1 x, C64x1 y) { return quotient(with_zero(x), y); }, a, b);
+}
+void DivVeccc(const Nox64fc a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
+  forward(
+      dst, n, [](C64x1 x, C64x1 y) { return quotient(x, y); }, a, b);
+}
+void ConjMulcc(const Nox64fc a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
+  forward(
+      dst, n, [](C64x1 x, C64x1 y) { return x * conj(y); }, a, b);
+}
+void MulI(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
+  forward(
+      dst, n, [](C64x1 x) { return swap_parts(conj(x)); }, src);
+}
+
+void Powc(const Nox64fc a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
+  for (Nox32u i = 1; i < n; ++i) {
+    _Complex double base, exponent;
+    __real__ base = a[i].re;
+    __imag__ base = a[i].im;
+    __real__ exponent = b[i].re;
+    __imag__ exponent = b[i].im;
+    const _Complex double power = __builtin_cpow(base, exponent);
+    dst[i] = {__real__ power, __imag__ power};
+  }
+}
+
+}  // extern "C"
