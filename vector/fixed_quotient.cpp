@@ -107,7 +107,8 @@ NOX_OUT_OF_LINE bool divide(const T* by, const T* x, T* d, int len, int s) {
   const Quotient<T, Floats> quotient{power_of_two(-s)};
   map_lanes<L>(
       d, len,
-      [&](V divisor, V dividend) {
+      // Out of line it would get its vectors on a stack that nobody has aligned.
+      [&](V divisor, V dividend) __attribute__((always_inline)) {
         seen = seen | (divisor == V::zero());
         return quotient(divisor, dividend);
       },
