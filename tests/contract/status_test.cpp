@@ -82,6 +82,15 @@ constexpr Exception kExceptions[] = {
     {"noxsDCTInv_64f_Idx", kUntested, nullptr},
     {"noxsDCTFwd_64f_I_Idx", kUntested, nullptr},
     {"noxsDCTInv_64f_I_Idx", kUntested, nullptr},
+    // These hand their arrays over as twice as many parts, once there is a length to double.
+    {"noxsAdd_32sc_Sfs", kLengthFirst, nullptr},
+    {"noxsAdd_32sc_ISfs", kLengthFirst, nullptr},
+    {"noxsSub_32sc_Sfs", kLengthFirst, nullptr},
+    {"noxsSub_32sc_ISfs", kLengthFirst, nullptr},
+    {"noxsAdd_32sc_Sfs_Idx", kLengthFirst, nullptr},
+    {"noxsAdd_32sc_ISfs_Idx", kLengthFirst, nullptr},
+    {"noxsSub_32sc_Sfs_Idx", kLengthFirst, nullptr},
+    {"noxsSub_32sc_ISfs_Idx", kLengthFirst, nullptr},
     // The raw words of the identification are on demand.
     {"noxGetCpuFeatures", kOptional, "pCpuidInfoRegs"},
 };
