@@ -13,10 +13,12 @@ struct SamplerOf;
 template <>
 struct SamplerOf<Nox64f> {
   static constexpr auto up = noxsSampleUp_64f, down = noxsSampleDown_64f;
+  static constexpr auto up_index = noxsSampleUp_64f_Idx, down_index = noxsSampleDown_64f_Idx;
 };
 template <>
 struct SamplerOf<Nox64fc> {
   static constexpr auto up = noxsSampleUp_64fc, down = noxsSampleDown_64fc;
+  static constexpr auto up_index = noxsSampleUp_64fc_Idx, down_index = noxsSampleDown_64fc_Idx;
 };
 
 class Sampling : public kit::EachVariant {};
@@ -68,10 +70,14 @@ TEST_P(Sampling, BlocksContinueAStream) {
       int phase = 0;
       for (size_t done = 0; done < signal.size();) {
         const size_t block = std::min(signal.size() - done, static_cast<size_t>(random.integer(1, 60)));
-        Guarded<T> part(block);
-        int n = -1;
-        EXPECT_EQ(noxStsNoErr, kit::call(SamplerOf<T>::down, signal.data() + done, static_cast<int>(block), part.data(),
-                                         &n, factor, &phase));
+        const int at = static_cast<int>(done), len = static_cast<int>(block), before = phase;
+        Guarded<T> part(block), spread(block * static_cast<size_t>(factor));
+        int n = -1, same = before;
+        EXPECT_EQ(noxStsNoErr,
+                  kit::call(SamplerOf<T>::up_index, signal.data(), at, len, spread.data() + 3, -3, &n, factor, &same));
+        EXPECT_TRUE(kit::same_bits(&spread[static_cast<size_t>(before)], &signal[done], 1));
+        EXPECT_EQ(noxStsNoErr,
+                  kit::call(SamplerOf<T>::down_index, signal.data(), at, len, part.data() - 2, 2, &n, factor, &phase));
         out.insert(out.end(), part.begin(), part.begin() + n);
         done += block;
       }
