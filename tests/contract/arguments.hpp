@@ -111,9 +111,11 @@ class Arguments {
   template <class T>
   static void fill_as(kit::Guarded<uint8_t>& memory, kit::Random& random, int low = -60, int high = 60) {
     for (size_t at = 0; at + sizeof(T) <= memory.size(); at += sizeof(T)) {
+      const size_t i = at / sizeof(T);
+      const double size = i % 8 < 2 ? 0.3 : 2;  // some complex values have two small parts
       T v;
       if constexpr (std::is_floating_point_v<T>)
-        v = at / sizeof(T) % 5 == 4 ? std::numeric_limits<T>::quiet_NaN() : static_cast<T>(random.uniform(-2, 2));
+        v = i % 5 == 4 ? std::numeric_limits<T>::quiet_NaN() : static_cast<T>(random.uniform(-size, size));
       else
         do v = static_cast<T>(random.integer(low, high));
         while (v == 0 && low < 0);
