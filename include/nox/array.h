@@ -4,7 +4,10 @@
 #ifndef NOX_ARRAY_H
 #define NOX_ARRAY_H
 
+#include "nox/array/bytes.h"
 #include "nox/array/histogram.h"
+#include "nox/array/matrix.h"
+#include "nox/array/quotient.h"
 #include "nox/array/running.h"
 #include "nox/array/sign.h"
 #include "nox/array/value.h"
