@@ -3,7 +3,7 @@
 // Extremes are found in vectors first; a second pass looks for the first place that holds one.
 #include "nox/array/bytes.h"
 #include "adapters/adapter.hpp"
-#include "array/forward.hpp"
+#include "array/operands.hpp"
 #include "core/simd/ints_wide.hpp"
 
 namespace nox {
@@ -68,21 +68,13 @@ NOX_INLINE void extreme_with_place(F f, const Nox8u* s, Nox32u n, Nox8u* value, 
   *place = first_place(s, n, found);
 }
 
-// Whether two ranges share a byte.
-NOX_INLINE bool overlap(const void* a, size_t a_bytes, const void* b, size_t b_bytes) {
-  const uintptr_t p = reinterpret_cast<uintptr_t>(a), q = reinterpret_cast<uintptr_t>(b);
-  return p - q < b_bytes || q - p < a_bytes;
-}
 // d[i] = one(s[i]) element after element, or `Step` of them at once by wide(s + i, d + i).
 template <Nox32u Step, class D, class S, class Wide, class One>
 NOX_INLINE void convert(const S* s, D* d, Nox32u n, Wide&& wide, One&& one) {
   Nox32u i = 0;
   if (!overlap(s, n * sizeof(S), d, n * sizeof(D)))
     for (; n - i >= Step; i += Step) wide(s + i, d + i);
-  for (; i < n; ++i) {
-    const D x = one(IntOne<S>::load(s + i).v);
-    __builtin_memcpy(d + i, &x, sizeof x);
-  }
+  for (; i < n; ++i) put_element(d + i, static_cast<D>(one(element_at(s + i))));
 }
 template <class T>
 NOX_INLINE Nox8u clamped(T x) {

@@ -7,7 +7,7 @@
 // than by being the same, and what is left of whole vectors, go by the processor's division.
 #include "nox/array/quotient.h"
 #include "adapters/adapter.hpp"
-#include "array/forward.hpp"
+#include "array/operands.hpp"
 #include "core/simd/ints_real.hpp"
 #include "core/simd/ints_wide.hpp"
 
@@ -55,23 +55,12 @@ NOX_INLINE V128<Nox8u> product(V128<Nox8u> a, V128<Nox8u> b) {
   return {_mm_or_si128(_mm_and_si128(even, _mm_set1_epi16(0xFF)), _mm_slli_epi16(odd, 8))};
 }
 
-// Operands: an array or a constant. A divisor gives quotients too.
+// Divisors: operands that give quotients too.
 template <class T>
-struct Elements {
-  const T* p;
-  NOX_INLINE V128<T> lanes(Nox32u i) const { return V128<T>::load(p + i); }
-  NOX_INLINE T one(Nox32u i) const { return IntOne<T>::load(p + i).v; }
-  NOX_INLINE bool changed_by(const T* d, Nox32u n) const { return ahead_of(d, p, n); }
+struct Divisors : Elements<T> {
   NOX_INLINE V128<T> quotient(V128<T> x, Nox32u i) const {
-    return lanes_by([](auto a, auto b) { return a / b; }, x, lanes(i));
+    return lanes_by([](auto a, auto b) { return a / b; }, x, this->lanes(i));
   }
-};
-template <class T>
-struct Constant {
-  T c;
-  NOX_INLINE V128<T> lanes(Nox32u) const { return V128<T>::all(c); }
-  NOX_INLINE T one(Nox32u) const { return c; }
-  NOX_INLINE bool changed_by(const T*, Nox32u) const { return false; }
 };
 template <class T>
 struct ConstantDivisor : Constant<T> {
@@ -135,12 +124,12 @@ void ModC_8u_SFS(const Nox8u src[], Nox8u value, Nox8u dst[], Nox32u n) {
 }
 void ModC_8u_ISFS(Nox8u srcDst[], Nox8u value, Nox32u n) { ModC_8u_SFS(srcDst, value, srcDst, n); }
 void DivCREV_8u_SFS(const Nox8u src[], Nox8u value, Nox8u dst[], Nox32u n) {
-  divide(Constant<Nox8u>{value}, Elements<Nox8u>{src}, dst, kNone<Nox8u>, n);
+  divide(Constant<Nox8u>{value}, Divisors<Nox8u>{{src}}, dst, kNone<Nox8u>, n);
 }
 void DivCREV_8u_ISFS(Nox8u srcDst[], Nox8u value, Nox32u n) { DivCREV_8u_SFS(srcDst, value, srcDst, n); }
 void RemDiv_8u_SFS_Idx(const Nox8u src[], int srcIdx, Nox8u quot[], int quotIdx, Nox8u rem[], int remIdx,
                        const Nox8u div[], int, Nox32u n) {
-  divide(Elements<Nox8u>{at(src, srcIdx)}, Elements<Nox8u>{div}, at(quot, quotIdx), at(rem, remIdx), n);
+  divide(Elements<Nox8u>{at(src, srcIdx)}, Divisors<Nox8u>{{div}}, at(quot, quotIdx), at(rem, remIdx), n);
 }
 void RemDivC_8u_SFS_Idx(const Nox8u src[], int srcIdx, Nox8u quot[], int quotIdx, Nox8u rem[], int remIdx, Nox8u value,
                         Nox32u n) {
@@ -148,7 +137,7 @@ void RemDivC_8u_SFS_Idx(const Nox8u src[], int srcIdx, Nox8u quot[], int quotIdx
 }
 void RemDivCREV_8u_SFS_Idx(const Nox8u src[], int srcIdx, Nox8u quot[], int quotIdx, Nox8u rem[], int remIdx,
                            Nox8u value, Nox32u n) {
-  divide(Constant<Nox8u>{value}, Elements<Nox8u>{at(src, srcIdx)}, at(quot, quotIdx), at(rem, remIdx), n);
+  divide(Constant<Nox8u>{value}, Divisors<Nox8u>{{at(src, srcIdx)}}, at(quot, quotIdx), at(rem, remIdx), n);
 }
 
 void ModC_16s_SFS(const Nox16s src[], Nox16s value, Nox16s dst[], Nox32u n) {
@@ -156,12 +145,12 @@ void ModC_16s_SFS(const Nox16s src[], Nox16s value, Nox16s dst[], Nox32u n) {
 }
 void ModC_16s_ISFS(Nox16s srcDst[], Nox16s value, Nox32u n) { ModC_16s_SFS(srcDst, value, srcDst, n); }
 void DivCREV_16s_SFS(const Nox16s src[], Nox16s value, Nox16s dst[], Nox32u n) {
-  divide(Constant<Nox16s>{value}, Elements<Nox16s>{src}, dst, kNone<Nox16s>, n);
+  divide(Constant<Nox16s>{value}, Divisors<Nox16s>{{src}}, dst, kNone<Nox16s>, n);
 }
 void DivCREV_16s_ISFS(Nox16s srcDst[], Nox16s value, Nox32u n) { DivCREV_16s_SFS(srcDst, value, srcDst, n); }
 void RemDiv_16s_SFS_Idx(const Nox16s src[], int srcIdx, Nox16s quot[], int quotIdx, Nox16s rem[], int remIdx,
                         const Nox16s div[], int, Nox32u n) {
-  divide(Elements<Nox16s>{at(src, srcIdx)}, Elements<Nox16s>{div}, at(quot, quotIdx), at(rem, remIdx), n);
+  divide(Elements<Nox16s>{at(src, srcIdx)}, Divisors<Nox16s>{{div}}, at(quot, quotIdx), at(rem, remIdx), n);
 }
 void RemDivC_16s_SFS_Idx(const Nox16s src[], int srcIdx, Nox16s quot[], int quotIdx, Nox16s rem[], int remIdx,
                          Nox16s value, Nox32u n) {
@@ -169,7 +158,7 @@ void RemDivC_16s_SFS_Idx(const Nox16s src[], int srcIdx, Nox16s quot[], int quot
 }
 void RemDivCREV_16s_SFS_Idx(const Nox16s src[], int srcIdx, Nox16s quot[], int quotIdx, Nox16s rem[], int remIdx,
                             Nox16s value, Nox32u n) {
-  divide(Constant<Nox16s>{value}, Elements<Nox16s>{at(src, srcIdx)}, at(quot, quotIdx), at(rem, remIdx), n);
+  divide(Constant<Nox16s>{value}, Divisors<Nox16s>{{at(src, srcIdx)}}, at(quot, quotIdx), at(rem, remIdx), n);
 }
 
 void ModC_32s_SFS(const Nox32s src[], Nox32s value, Nox32s dst[], Nox32u n) {
@@ -177,12 +166,12 @@ void ModC_32s_SFS(const Nox32s src[], Nox32s value, Nox32s dst[], Nox32u n) {
 }
 void ModC_32s_ISFS(Nox32s srcDst[], Nox32s value, Nox32u n) { ModC_32s_SFS(srcDst, value, srcDst, n); }
 void DivCREV_32s_SFS(const Nox32s src[], Nox32s value, Nox32s dst[], Nox32u n) {
-  divide(Constant<Nox32s>{value}, Elements<Nox32s>{src}, dst, kNone<Nox32s>, n);
+  divide(Constant<Nox32s>{value}, Divisors<Nox32s>{{src}}, dst, kNone<Nox32s>, n);
 }
 void DivCREV_32s_ISFS(Nox32s srcDst[], Nox32s value, Nox32u n) { DivCREV_32s_SFS(srcDst, value, srcDst, n); }
 void RemDiv_32s_SFS_Idx(const Nox32s src[], int srcIdx, Nox32s quot[], int quotIdx, Nox32s rem[], int remIdx,
                         const Nox32s div[], int, Nox32u n) {
-  divide(Elements<Nox32s>{at(src, srcIdx)}, Elements<Nox32s>{div}, at(quot, quotIdx), at(rem, remIdx), n);
+  divide(Elements<Nox32s>{at(src, srcIdx)}, Divisors<Nox32s>{{div}}, at(quot, quotIdx), at(rem, remIdx), n);
 }
 void RemDivC_32s_SFS_Idx(const Nox32s src[], int srcIdx, Nox32s quot[], int quotIdx, Nox32s rem[], int remIdx,
                          Nox32s value, Nox32u n) {
@@ -190,7 +179,7 @@ void RemDivC_32s_SFS_Idx(const Nox32s src[], int srcIdx, Nox32s quot[], int quot
 }
 void RemDivCREV_32s_SFS_Idx(const Nox32s src[], int srcIdx, Nox32s quot[], int quotIdx, Nox32s rem[], int remIdx,
                             Nox32s value, Nox32u n) {
-  divide(Constant<Nox32s>{value}, Elements<Nox32s>{at(src, srcIdx)}, at(quot, quotIdx), at(rem, remIdx), n);
+  divide(Constant<Nox32s>{value}, Divisors<Nox32s>{{at(src, srcIdx)}}, at(quot, quotIdx), at(rem, remIdx), n);
 }
 
 void Rem(const Nox64f x[], const Nox64f y[], Nox64f dst[], Nox32u n) {
