@@ -7,4 +7,9 @@
 
 #define NOX_INTERNAL(type) __attribute__((visibility("hidden"))) extern type
 
+/* Normally distributed Nox64f values, for the one-call forms; described in nox/generate/random.h. */
+NOX_INTERNAL(NoxStatus) noxsRandGaussGetSize_64f(int* pSize);
+NOX_INTERNAL(NoxStatus)
+noxsRandGaussInit_64f(NoxRandGaussState_64f* pState, Nox64f mean, Nox64f stdDev, unsigned int seed);
+
 #endif

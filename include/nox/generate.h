@@ -1,0 +1,7 @@
+/* Generators: random numbers, windows, tones and other test signals. */
+#ifndef NOX_GENERATE_H
+#define NOX_GENERATE_H
+
+#include "nox/generate/random.h"
+
+#endif
