@@ -1,4 +1,4 @@
-// Doubles from and to 32-bit integers, and two vectors of doubles stored side by side.
+// Doubles from and to 32-bit integers, and two vectors of doubles with their lanes in turn.
 #pragma once
 #include "core/simd/f64.hpp"
 
@@ -32,18 +32,25 @@ NOX_INLINE __m128i round_four(const Nox64f* p) {
 #endif
 }
 
-// d = a[0], b[0], a[1], b[1], ...
-NOX_INLINE void store_alternating(F64x2 a, F64x2 b, Nox64f* d) {
-  low_halves(a, b).store(d);
-  high_halves(a, b).store(d + 2);
+// first, then second = a[0], b[0], a[1], b[1], ...
+NOX_INLINE void alternate(F64x2 a, F64x2 b, F64x2& first, F64x2& second) {
+  first = low_halves(a, b);
+  second = high_halves(a, b);
 }
 #if NOX_LEVEL >= 3
-NOX_INLINE void store_alternating(F64x4 a, F64x4 b, Nox64f* d) {
+NOX_INLINE void alternate(F64x4 a, F64x4 b, F64x4& first, F64x4& second) {
   const __m256d low = low_halves(a, b).v, high = high_halves(a, b).v;
-  _mm256_storeu_pd(d, _mm256_permute2f128_pd(low, high, 0x20));
-  _mm256_storeu_pd(d + 4, _mm256_permute2f128_pd(low, high, 0x31));
+  first = {_mm256_permute2f128_pd(low, high, 0x20)};
+  second = {_mm256_permute2f128_pd(low, high, 0x31)};
 }
 #endif
+template <class V>
+NOX_INLINE void store_alternating(V a, V b, Nox64f* d) {
+  V first, second;
+  alternate(a, b, first, second);
+  first.store(d);
+  second.store(d + V::N);
+}
 
 }  // namespace NOX_VARIANT
 }  // namespace nox

@@ -3,5 +3,6 @@
 #define NOX_GENERATE_H
 
 #include "nox/generate/random.h"
+#include "nox/generate/window.h"
 
 #endif

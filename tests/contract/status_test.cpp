@@ -62,6 +62,15 @@ constexpr Exception kExceptions[] = {
     {"noxsDCTInv_64f_Idx", kUntested, nullptr},
     {"noxsDCTFwd_64f_I_Idx", kUntested, nullptr},
     {"noxsDCTInv_64f_I_Idx", kUntested, nullptr},
+    // The parameter follows from the length.
+    {"noxsWinBlackmanOpt_64f", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64f_I", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64fc", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64fc_I", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64f_Idx", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64f_I_Idx", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64fc_Idx", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64fc_I_Idx", kLengthFirst, nullptr},
     // The raw words of the identification are on demand.
     {"noxGetCpuFeatures", kOptional, "pCpuidInfoRegs"},
 };
