@@ -8,6 +8,7 @@
 #include "nox/filter.h"
 #include "nox/generate.h"
 #include "nox/index.h"
+#include "nox/stats.h"
 #include "nox/status.h"
 #include "nox/transform.h"
 #include "nox/types.h"

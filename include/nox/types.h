@@ -85,6 +85,9 @@ typedef struct NoxLibraryVersion {
 /** Spec record of the single-rate FIR filter; read-only after its Init, so it may be shared by threads. */
 typedef struct NoxFirSpec NoxFirSpec;
 
+/** Spec record of the multi-rate FIR filter; threads may share it but for calls in place, which stage outputs in it. */
+typedef struct NoxFirMrSpec NoxFirMrSpec;
+
 /** Spec record of a cosine transform; read-only after its Init, so it may be shared by threads. */
 typedef struct NoxDctSpec NoxDctSpec;
 
