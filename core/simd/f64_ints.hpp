@@ -23,6 +23,12 @@ NOX_INLINE F64x4 widen<F64x4>(const Nox32s* p) {
 }
 #endif
 
+// Lanes without their fraction, of absolute value below 2^31.
+NOX_INLINE F64x2 truncate(F64x2 a) { return {_mm_cvtepi32_pd(_mm_cvttpd_epi32(a.v))}; }
+#if NOX_LEVEL >= 3
+NOX_INLINE F64x4 truncate(F64x4 a) { return {_mm256_cvtepi32_pd(_mm256_cvttpd_epi32(a.v))}; }
+#endif
+
 // Four doubles as integers, by the rounding mode in force; what no integer holds becomes the lowest.
 NOX_INLINE __m128i round_four(const Nox64f* p) {
 #if NOX_LEVEL >= 3

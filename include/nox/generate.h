@@ -3,6 +3,7 @@
 #define NOX_GENERATE_H
 
 #include "nox/generate/random.h"
+#include "nox/generate/tone.h"
 #include "nox/generate/window.h"
 
 #endif

@@ -100,6 +100,11 @@ constexpr Exception kExceptions[] = {
     {"noxsAdd_32sc_ISfs_Idx", kLengthFirst, nullptr},
     {"noxsSub_32sc_Sfs_Idx", kLengthFirst, nullptr},
     {"noxsSub_32sc_ISfs_Idx", kLengthFirst, nullptr},
+    // The phase and the values stand before the array; their order is tested with their family.
+    {"noxsTone_Direct_64f_Idx", kUntested, nullptr},
+    {"noxsTone_Direct_64fc_Idx", kUntested, nullptr},
+    {"noxsTriangle_Direct_64f_Idx", kUntested, nullptr},
+    {"noxsTriangle_Direct_64fc_Idx", kUntested, nullptr},
     // The raw words of the identification are on demand.
     {"noxGetCpuFeatures", kOptional, "pCpuidInfoRegs"},
 };
