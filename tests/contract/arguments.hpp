@@ -23,6 +23,7 @@ using kit::Type;
 constexpr size_t kBytes = 1024;  // of each array
 constexpr size_t kPattern = 0x5A;
 constexpr int kGoodLength = 29;
+constexpr int kGoodRows = 3;  // of a square matrix
 
 inline bool is_length(const std::string& name) {
   return name == "len" || name == "numIters" || name == "tapsLen" || name == "n";
@@ -46,7 +47,13 @@ class Arguments {
         memory_[i].fill_with(kPattern);
         set_pointer(i, memory_[i].data());
       } else if (is_length(p.name)) {
-        set(i, kGoodLength);
+        set(i, d.find("stride") >= 0 ? kGoodRows : kGoodLength);
+      } else if (p.name == std::string("rows") || p.name == std::string("cols")) {
+        set(i, kGoodRows);
+      } else if (std::string(p.name).find("tride") != std::string::npos) {
+        set(i, kGoodRows + 1);
+      } else if (p.name == std::string("row2") || p.name == std::string("col2")) {
+        set(i, 0);  // not the first one again
       } else if (p.name == std::string("tapsType")) {
         set(i, int{NOX_TYPE_64F});
       } else if (p.type == Type::Nox64f) {
