@@ -97,9 +97,9 @@ NOX_INTERNAL(NoxStatus)
 noxsTriangle_Direct_64f(Nox64f pDst[], int len, Nox64f magn, Nox64f rFreq, Nox64f asym, Nox64f* pPhase);
 
 /**
- * @brief Fills an array with a complex triangle wave: noxsTriangle_Direct_64f() and the same wave later by
- * `(2 pi + a) / 2`, a = pi + asym, which begins in the middle of the rise.
+ * @brief Fills an array with a complex triangle wave: noxsTriangle_Direct_64f() beside the same wave later.
  *
+ * The imaginary part is later by `(2 pi + a) / 2`, a = pi + asym: with phase 0 it begins in the middle of the rise.
  * Values are computed from their phases from a frequency of 0.11 on.
  *
  * @copydetails noxsTriangle_Direct_64f
