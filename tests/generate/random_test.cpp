@@ -6,6 +6,7 @@
 
 #include "kit/call.hpp"
 #include "kit/compare.hpp"
+#include "kit/declarations.hpp"
 #include "kit/dispatch.hpp"
 #include "kit/random.hpp"
 #include "kit/variants.hpp"
@@ -45,11 +46,14 @@ const Calls<Nox16s, NoxRandGaussState_16s> kGauss16s = {noxsRandGaussGetSize_16s
 const Calls<Nox32f, NoxRandGaussState_32f> kGauss32f = {noxsRandGaussGetSize_32f, noxsRandGaussInit_32f, nullptr, 43,
                                                         72};
 // Size and Init have rows but no exports.
+template <class F>
+F entry(const std::string& name, int column) {
+  return reinterpret_cast<F>(kit::row_entry(kit::find_declaration(name)->row, column));
+}
 Calls<Nox64f, NoxRandGaussState_64f> gauss_64f(int column) {
-  return {reinterpret_cast<NoxStatus (*)(int*)>(kit::body_of("noxsRandGaussGetSize_64f", column)),
-          reinterpret_cast<NoxStatus (*)(NoxRandGaussState_64f*, Nox64f, Nox64f, unsigned int)>(
-              kit::body_of("noxsRandGaussInit_64f", column)),
-          noxsRandGauss_64f, 44, 80};
+  using C = Calls<Nox64f, NoxRandGaussState_64f>;
+  return {entry<decltype(C::size)>("noxsRandGaussGetSize_64f", column),
+          entry<decltype(C::init)>("noxsRandGaussInit_64f", column), noxsRandGauss_64f, 44, 80};
 }
 
 // A record of its promised size, at an odd address against an unmapped page.
@@ -171,6 +175,23 @@ TEST_P(RandomNumbers, ACutStreamIsTheSame) {
     ASSERT_EQ(noxStsNoErr,
               kit::call(noxsRandGauss_64f, &got[static_cast<size_t>(at)], std::min(n, 1000 - at), cut.state()));
   EXPECT_TRUE(kit::same_bits(got.data(), expected.data(), 1000));
+}
+
+template <class T, class State>
+void index_form(const Calls<T, State>& calls, NoxStatus (*indexed)(T*, int, int, State*)) {
+  Record<T, State> plain(calls, 10, 3, 5), by_index(calls, 10, 3, 5);
+  T expected[9] = {}, got[9] = {};
+  ASSERT_EQ(noxStsNoErr, kit::call(calls.fill, expected + 4, 5, plain.state()));
+  ASSERT_EQ(noxStsNoErr, kit::call(indexed, got + 6, -2, 5, by_index.state()));
+  EXPECT_TRUE(kit::same_bits(got, expected, 9));
+}
+TEST_P(RandomNumbers, IndexForms) {
+  index_form(kUniform8u, noxsRandUniform_8u_Idx);
+  index_form(kUniform16s, noxsRandUniform_16s_Idx);
+  index_form(kUniform64f, noxsRandUniform_64f_Idx);
+  index_form(kGauss8u, noxsRandGauss_8u_Idx);
+  index_form(kGauss16s, noxsRandGauss_16s_Idx);
+  index_form(gauss_64f(GetParam().column), noxsRandGauss_64f_Idx);
 }
 
 TEST_P(RandomNumbers, RecordsOfAnotherKind) {
