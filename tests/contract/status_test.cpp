@@ -82,6 +82,15 @@ constexpr Exception kExceptions[] = {
     {"noxsDCTInv_64f_Idx", kUntested, nullptr},
     {"noxsDCTFwd_64f_I_Idx", kUntested, nullptr},
     {"noxsDCTInv_64f_I_Idx", kUntested, nullptr},
+    // The parameter follows from the length.
+    {"noxsWinBlackmanOpt_64f", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64f_I", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64fc", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64fc_I", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64f_Idx", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64f_I_Idx", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64fc_Idx", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64fc_I_Idx", kLengthFirst, nullptr},
     // These hand their arrays over as twice as many parts, once there is a length to double.
     {"noxsAdd_32sc_Sfs", kLengthFirst, nullptr},
     {"noxsAdd_32sc_ISfs", kLengthFirst, nullptr},
@@ -91,6 +100,11 @@ constexpr Exception kExceptions[] = {
     {"noxsAdd_32sc_ISfs_Idx", kLengthFirst, nullptr},
     {"noxsSub_32sc_Sfs_Idx", kLengthFirst, nullptr},
     {"noxsSub_32sc_ISfs_Idx", kLengthFirst, nullptr},
+    // The phase and the values stand before the array; their order is tested with their family.
+    {"noxsTone_Direct_64f_Idx", kUntested, nullptr},
+    {"noxsTone_Direct_64fc_Idx", kUntested, nullptr},
+    {"noxsTriangle_Direct_64f_Idx", kUntested, nullptr},
+    {"noxsTriangle_Direct_64fc_Idx", kUntested, nullptr},
     // The raw words of the identification are on demand.
     {"noxGetCpuFeatures", kOptional, "pCpuidInfoRegs"},
 };
