@@ -105,6 +105,28 @@ constexpr Exception kExceptions[] = {
     {"noxsTone_Direct_64fc_Idx", kUntested, nullptr},
     {"noxsTriangle_Direct_64f_Idx", kUntested, nullptr},
     {"noxsTriangle_Direct_64fc_Idx", kUntested, nullptr},
+    // A place needn't be asked for.
+    {"noxsMaxIndx_16s", kOptional, "pIndx"},
+    {"noxsMaxIndx_16s_Idx", kOptional, "pIndx"},
+    {"noxsMaxIndx_32s", kOptional, "pIndx"},
+    {"noxsMaxIndx_32s_Idx", kOptional, "pIndx"},
+    {"noxsMaxIndx_64f", kOptional, "pIndx"},
+    {"noxsMaxIndx_64f_Idx", kOptional, "pIndx"},
+    {"noxsMaxAbsIndx_32s", kOptional, "pIndx"},
+    {"noxsMaxAbsIndx_32s_Idx", kOptional, "pIndx"},
+    {"noxsMinIndx_16s", kOptional, "pIndx"},
+    {"noxsMinIndx_16s_Idx", kOptional, "pIndx"},
+    {"noxsMinIndx_32s", kOptional, "pIndx"},
+    {"noxsMinIndx_32s_Idx", kOptional, "pIndx"},
+    {"noxsMinIndx_64f", kOptional, "pIndx"},
+    {"noxsMinIndx_64f_Idx", kOptional, "pIndx"},
+    {"noxsMinAbsIndx_32s", kOptional, "pIndx"},
+    {"noxsMinAbsIndx_32s_Idx", kOptional, "pIndx"},
+    // The order of magnitude looks at the length first.
+    {"noxsMaxOrder_32s", kLengthFirst, nullptr},
+    {"noxsMaxOrder_32s_Idx", kLengthFirst, nullptr},
+    {"noxsMaxOrder_64f", kLengthFirst, nullptr},
+    {"noxsMaxOrder_64f_Idx", kLengthFirst, nullptr},
     // The raw words of the identification are on demand.
     {"noxGetCpuFeatures", kOptional, "pCpuidInfoRegs"},
 };
