@@ -45,6 +45,40 @@ InternalCollectK_64f_Idx(Nox32s rowStart, Nox32s rowCount, Nox32s colCount, Nox3
                          int worstDistIdx, Nox32s bestIndex[], int bestIndexIdx, Nox64f bestDist[], int bestDistIdx,
                          const Nox64f colTerm[], int colTermIdx, const Nox64f rowTerm[], int rowTermIdx);
 
+/**
+ * @brief Merges a block of distances into the rows' lists of the k best, for long blocks and small k. Equal in all
+ * builds.
+ *
+ * The block's entries become the full distances, `(rowTerm + colTerm) + block`. A row whose least distance isn't below
+ * its worstDist is then done. In the others each distance below worstDist replaces the entry at the row's slot, and
+ * noxsMaxIndx_64f() finds the next worst one and its place. worstDist follows the list, unlike in
+ * InternalCollectK_64f_Idx().
+ * @param rowStart      global number of the block's first row, an offset into the arrays per row
+ * @param rowCount      rows in the block; below 1 nothing is done
+ * @param colCount      columns in the block
+ * @param k             neighbours kept per row
+ * @param colStart      global number of the block's first column, added to the column stored
+ * @param block         base of rowCount x colCount entries, row by row, overwritten by the distances
+ * @param blockIdx      its index
+ * @param worstSlot     base of each row's place of its worst entry
+ * @param worstSlotIdx  its index
+ * @param worstDist     base of each row's worst distance, at first above every candidate
+ * @param worstDistIdx  its index
+ * @param bestIndex     base of k column numbers per row
+ * @param bestIndexIdx  its index
+ * @param bestDist      base of k distances per row
+ * @param bestDistIdx   its index
+ * @param colTerm       base of the columns' terms, for the block's columns alone
+ * @param colTermIdx    its index
+ * @param rowTerm       base of the rows' terms
+ * @param rowTermIdx    its index
+ */
+NOX_API(void)
+InternalCollectK1_64f_Idx(Nox32s rowStart, Nox32s rowCount, Nox32s colCount, Nox32s k, Nox32s colStart, Nox64f block[],
+                          int blockIdx, Nox32s worstSlot[], int worstSlotIdx, Nox64f worstDist[], int worstDistIdx,
+                          Nox32s bestIndex[], int bestIndexIdx, Nox64f bestDist[], int bestDistIdx,
+                          const Nox64f colTerm[], int colTermIdx, const Nox64f rowTerm[], int rowTermIdx);
+
 NOX_END_DECLS
 
 #endif
