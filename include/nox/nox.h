@@ -6,6 +6,7 @@
 #include "nox/array.h"
 #include "nox/core.h"
 #include "nox/filter.h"
+#include "nox/image.h"
 #include "nox/index.h"
 #include "nox/status.h"
 #include "nox/transform.h"
