@@ -46,47 +46,56 @@ struct BackwardTaps {
   static constexpr ptrdiff_t kStep = -1;
 };
 
-template <class V, int Count, class Taps, class E>
+// Width is that of the kernel where it is known beforehand, or 0.
+template <int Width, class V, int Count, class Taps, class E>
 NOX_INLINE void window_block(const Taps& t, const E* row, ptrdiff_t srcStep, E* d) {
   V even[Count], odd[Count];
+#pragma GCC unroll 3
   for (int k = 0; k < Count; ++k) even[k] = odd[k] = V::zero();
   const E* c = t.taps;
   for (int i = t.height; i > 0; --i, row = step_by(row, srcStep)) {
     const E* s = row;
-    int j = t.width;
+    int j = Width > 0 ? Width : t.width;
+#pragma GCC unroll 4
     for (; j >= 2; j -= 2, s += 2) {
       const V first = Taps::template get<V>(c);
+#pragma GCC unroll 3
       for (int k = 0; k < Count; ++k) even[k] = madd(V::load(s + k * V::N), first, even[k]);
       const V second = Taps::template get<V>(c + Taps::kStep);
+#pragma GCC unroll 3
       for (int k = 0; k < Count; ++k) odd[k] = madd(V::load(s + 1 + k * V::N), second, odd[k]);
       c += 2 * Taps::kStep;
     }
     if (j > 0) {
       const V last = Taps::template get<V>(c);
+#pragma GCC unroll 3
       for (int k = 0; k < Count; ++k) even[k] = madd(V::load(s + k * V::N), last, even[k]);
       c += Taps::kStep;
     }
-    if (Taps::kJoinsEachRow)
+    if (Taps::kJoinsEachRow) {
+#pragma GCC unroll 3
       for (int k = 0; k < Count; ++k) {
         even[k] = even[k] + odd[k];
         odd[k] = V::zero();
       }
+    }
   }
+#pragma GCC unroll 3
   for (int k = 0; k < Count; ++k) {
     if (!Taps::kJoinsEachRow) even[k] = even[k] + odd[k];
     even[k].store(d + k * V::N);
   }
 }
 
-template <class V, int Count, class Taps, class E>
+template <int Width, class V, int Count, class Taps, class E>
 void window_rows(const Taps& t, const Window<E>& w) {
   constexpr int kBlock = V::N * Count;
   const E* s = w.src;
   E* d = w.dst;
   for (int y = w.height; y > 0; --y, s = step_by(s, w.srcStep), d = step_by(d, w.dstStep)) {
     int x = 0;
-    for (; x <= w.width - kBlock; x += kBlock) window_block<V, Count>(t, s + x, w.srcStep, d + x);
-    if (x < w.width) window_block<V, Count>(t, s + w.width - kBlock, w.srcStep, d + w.width - kBlock);
+    for (; x <= w.width - kBlock; x += kBlock) window_block<Width, V, Count>(t, s + x, w.srcStep, d + x);
+    if (x < w.width) window_block<Width, V, Count>(t, s + w.width - kBlock, w.srcStep, d + w.width - kBlock);
   }
 }
 
@@ -95,11 +104,14 @@ void window_sums(const Taps& t, const Window<E>& w) {
   using V = typename Taps::Lanes::vec;
   using One = typename Taps::Lanes::one;
   if (w.width >= 3 * V::N)
-    window_rows<V, 3>(t, w);
+    t.width == 3   ? window_rows<3, V, 3>(t, w)
+    : t.width == 5 ? window_rows<5, V, 3>(t, w)
+    : t.width == 7 ? window_rows<7, V, 3>(t, w)
+                   : window_rows<0, V, 3>(t, w);
   else if (w.width >= V::N)
-    window_rows<V, 1>(t, w);
+    window_rows<0, V, 1>(t, w);
   else if (w.width > 0)
-    window_rows<One, 1>(t, w);
+    window_rows<0, One, 1>(t, w);
 }
 
 }  // namespace NOX_VARIANT
