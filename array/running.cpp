@@ -4,19 +4,12 @@
 // lag of at least a vector the sums of a vector don't depend on each other, and whole vectors run.
 #include <string.h>
 
-#include "array/forward.hpp"
+#include "array/lanes.hpp"
 #include "nox/array/running.h"
 
 namespace nox {
 inline namespace NOX_VARIANT {
 namespace {
-
-template <class T>
-struct lanes_of : ints<T> {};
-template <>
-struct lanes_of<Nox64f> : f64 {};
-template <>
-struct lanes_of<Nox64fc> : c64 {};
 
 template <class T>
 NOX_INLINE void running_sum(const T* s, T* d, Nox32u n) {

@@ -42,8 +42,8 @@ Row complex_fir(int taps) {
 Family make() {
   return {"filter",
           "Direct FIR",
-          {real_fir(16), real_fir(32), real_fir(64), real_fir(181), complex_fir(16), complex_fir(32), complex_fir(64),
-           complex_fir(181)}};
+          {real_fir(16), real_fir(24), real_fir(32), real_fir(64), real_fir(181), complex_fir(16), complex_fir(24),
+           complex_fir(32), complex_fir(64), complex_fir(181)}};
 }
 
 const Registration kEntry(make);

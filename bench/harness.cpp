@@ -18,7 +18,7 @@ namespace {
 constexpr int kMiB = 1 << 20;
 constexpr int kLargest = 32 * kMiB;
 constexpr int kFront = 8192;  // past samples of filters; whole pages
-constexpr int kMaxTaps = 181;
+constexpr int kMaxTaps = 3840;
 // Three lengths: 1000 elements in L1, 128 KiB an array in L2, 32 MiB an array in memory.
 constexpr int kElementsL1 = 1000;
 constexpr int kBytesL2 = 128 * 1024;
@@ -27,7 +27,8 @@ constexpr int kBytesToCheck = kBytesL2;
 constexpr int kBytesPastCaches = kMiB;
 constexpr int kRepetitionsPastCaches = 5;  // such a repetition is one or two calls only
 
-constexpr int kArena = 48 * kMiB;  // work memory of one participant
+constexpr int kArena = 48 * kMiB, kOurArena = 256 * kMiB;  // work memory of a participant, touched as it is used
+constexpr int kMapped = 80 * kMiB;  // of an array; transforms of their own length go beyond 32 MiB
 constexpr Element kDouble = {Type::kF64, sizeof(double), false};
 
 bool in_place(const Row& row) {
@@ -145,9 +146,9 @@ Harness::Harness(std::string variant, bool quick, std::string only)
     : variant_(std::move(variant)), only_(std::move(only)), quick_(quick) {
   const size_t bytes = kFront + kLargest + 17 * 4096;
   for (char*& array : arrays_) {
-    void* p = mmap(nullptr, bytes + 2 * kMiB, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    void* p = mmap(nullptr, kMapped, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     if (p == MAP_FAILED) abort();
-    madvise(p, bytes + 2 * kMiB, MADV_HUGEPAGE);
+    madvise(p, kMapped, MADV_HUGEPAGE);
     array = static_cast<char*>(p) + kFront;
     fill(p, bytes, kDouble, kPlain);
   }
@@ -174,7 +175,8 @@ void Harness::note(const std::string& text) {
 
 void* Harness::arena(size_t participant) {
   while (arenas_.size() <= participant) {
-    void* p = mmap(nullptr, kArena, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    void* p = mmap(nullptr, arenas_.empty() ? kOurArena : kArena, PROT_READ | PROT_WRITE,
+                   MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     if (p == MAP_FAILED) abort();
     arenas_.push_back(p);
   }

@@ -138,6 +138,9 @@ The peers have the instruction set of the build:
   `memset` writes as many bytes.
 - packed: loops of packed divisions and square roots.
 - GCC fast, clang fast: the double loop of a filter with `-ffast-math` besides.
+- FFTW: plans by FFTW_MEASURE, under w7 and h9; under w7 FFTW doesn't see the processor's AVX. The pair of values at the ends
+  of a real spectrum is put into the library's order in its time.
+- SLEEF: vectors of the build's width with errors up to 1 unit in the last place. libm: a loop over the C library's calls.
 - any other name: a peer of that family alone.
 - body: the call of the body without the jump through the dispatch table.
 - of limit: a bare loop with the same traffic, by ordinary or streaming stores, whichever is the better; for filters

@@ -20,12 +20,15 @@ enum Data {
   kUnitCircle,  // pairs of absolute value 1
   kOnes,        // complex: 1 + 0i
   kZeros,
-  kSigned,    // -1 to 1; integers -100 to 100
-  kWhole,     // the whole range of an integer; of floating elements powers of two times 1 to 2, both signs
-  kSmall,     // integers 0 to 15, as values of any type
-  kAngles,    // -10 to 10
-  kSorted,    // ascending over the whole array
-  kShuffled,  // the same in random order
+  kSigned,        // -1 to 1; integers -100 to 100
+  kWhole,         // the whole range of an integer; of floating elements powers of two times 1 to 2, both signs
+  kSmall,         // integers 0 to 15, as values of any type
+  kAngles,        // -10 to 10
+  kMiddleAngles,  // -1000 to 1000
+  kFarAngles,     // -2^30 to 2^30
+  kPositive,      // above 0 to 100
+  kSorted,        // ascending over the whole array
+  kShuffled,      // the same in random order
 };
 
 enum Trait : unsigned {

@@ -10,6 +10,8 @@
 
 namespace heartbeat {
 
+using examples::Recording;
+
 struct Signals {
   std::vector<double> raw;     // mV
   std::vector<double> band;    // mV, 5 to 20 Hz, where the steep part of a beat has most of its power

@@ -4,8 +4,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "wav.hpp"
-
 namespace heartbeat {
 namespace {
 

@@ -6,7 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "wav.hpp"
+
 namespace heartbeat {
+
+using examples::Error;
 
 // Ends the program with status 1 and the library's own text, unless the status is noxStsNoErr.
 void check(NoxStatus status, const char* call);

@@ -35,7 +35,7 @@ void write_file(const std::string& path, const std::string& text) {
 
 void run(const Options& options) {
   if (!options.variant.empty()) select_build(options.variant);
-  const Recording recording = read_wav(options.recording);
+  const Recording recording = examples::read_wav(options.recording);
   const Signals signals = filter(recording, options.block);
   const std::vector<Beat> beats = find_beats(signals, recording.rate);
 

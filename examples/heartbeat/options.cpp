@@ -9,6 +9,8 @@
 
 namespace heartbeat {
 
+using examples::Error;
+
 const char* const kUsage =
     "usage: heartbeat [options] [RECORDING]\n"
     "\n"

@@ -110,6 +110,60 @@ NOX_API(NoxStatus) noxsFIRSR_64fc_I_Idx(Nox64fc pSrcDst[], int srcDstIdx, int le
 NOX_API(void) noxsFIRSRFree_Idx(NoxFilterHandle* pHandle);
 
 /**
+ * @brief Makes the handle of a one-call multi-rate FIR filter, like noxsFIRSRInitAlloc_64f_Idx().
+ * @param pTaps       base of the taps
+ * @param tapsIdx     index of the first tap
+ * @param tapsLen     number of taps, at least 1
+ * @param upFactor    outputs per iteration, at least 1
+ * @param upPhase     place of an input among the upFactor places it opens
+ * @param downFactor  inputs per iteration, at least 1
+ * @param downPhase   place of an output among the downFactor places it stands for
+ * @param ppHandle    takes the handle, whatever the status; give it to noxsFIRMRFree_Idx() in every case
+ * @return the status of noxsFIRMRInit_64f(); a handle that came with an error must not be run
+ */
+NOX_API(NoxStatus)
+noxsFIRMRInitAlloc_64f_Idx(const Nox64f pTaps[], int tapsIdx, int tapsLen, int upFactor, int upPhase, int downFactor,
+                           int downPhase, NoxFilterHandle** ppHandle);
+/** @copydoc noxsFIRMRInitAlloc_64f_Idx */
+NOX_API(NoxStatus)
+noxsFIRMRInitAlloc_64fc_Idx(const Nox64fc pTaps[], int tapsIdx, int tapsLen, int upFactor, int upPhase, int downFactor,
+                            int downPhase, NoxFilterHandle** ppHandle);
+
+/**
+ * @brief Filters the next block of a stream and changes its rate; the handle carries the past samples.
+ * @param pSrc     base of the source
+ * @param srcIdx   index of the first sample
+ * @param pDst     base of the destination
+ * @param dstIdx   index of the first output
+ * @param len      number of iterations, each of downFactor samples and upFactor outputs
+ * @param pHandle  handle of noxsFIRMRInitAlloc of the same type; one call at a time
+ * @return ::noxStsNullPtrErr for a null address, then ::noxStsSizeErr for @p len below 1; otherwise ::noxStsNoErr
+ */
+NOX_API(NoxStatus)
+noxsFIRMR_64f_Idx(const Nox64f pSrc[], int srcIdx, Nox64f pDst[], int dstIdx, int len, NoxFilterHandle* pHandle);
+/** @copydoc noxsFIRMR_64f_Idx */
+NOX_API(NoxStatus)
+noxsFIRMR_64fc_Idx(const Nox64fc pSrc[], int srcIdx, Nox64fc pDst[], int dstIdx, int len, NoxFilterHandle* pHandle);
+
+/**
+ * @brief Filters the next block of a stream in place, like noxsFIRMR_64f_Idx().
+ * @param pSrcDst    base of an array with room for the samples and for the outputs
+ * @param srcDstIdx  index of the first sample, overwritten by the first output
+ * @param len        number of iterations
+ * @param pHandle    handle of noxsFIRMRInitAlloc of the same type; one call at a time
+ * @return ::noxStsNullPtrErr for a null address, then ::noxStsSizeErr for @p len below 1; otherwise ::noxStsNoErr
+ */
+NOX_API(NoxStatus) noxsFIRMR_64f_I_Idx(Nox64f pSrcDst[], int srcDstIdx, int len, NoxFilterHandle* pHandle);
+/** @copydoc noxsFIRMR_64f_I_Idx */
+NOX_API(NoxStatus) noxsFIRMR_64fc_I_Idx(Nox64fc pSrcDst[], int srcDstIdx, int len, NoxFilterHandle* pHandle);
+
+/**
+ * @brief Frees a handle of noxsFIRMRInitAlloc with all that belongs to it.
+ * @param pHandle  the handle, or null, which is ignored
+ */
+NOX_API(void) noxsFIRMRFree_Idx(NoxFilterHandle* pHandle);
+
+/**
  * @brief Filters one sample with a spec and delay lines of the caller's.
  * @param val         the sample
  * @param pDstVal     takes the output

@@ -4,8 +4,14 @@
 #ifndef NOX_ARRAY_H
 #define NOX_ARRAY_H
 
+#include "nox/array/bytes.h"
 #include "nox/array/histogram.h"
+#include "nox/array/matrix.h"
+#include "nox/array/neighbours.h"
+#include "nox/array/pack.h"
+#include "nox/array/quotient.h"
 #include "nox/array/running.h"
+#include "nox/array/search.h"
 #include "nox/array/sign.h"
 #include "nox/array/value.h"
 #include "nox/types.h"

@@ -4,6 +4,7 @@
 // changes what it is about and calls through the probe.
 #pragma once
 #include <cstring>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -22,8 +23,11 @@ using kit::Type;
 constexpr size_t kBytes = 1024;  // of each array
 constexpr size_t kPattern = 0x5A;
 constexpr int kGoodLength = 29;
+constexpr int kGoodRows = 3;  // of a square matrix
 
-inline bool is_length(const std::string& name) { return name == "len" || name == "numIters" || name == "tapsLen"; }
+inline bool is_length(const std::string& name) {
+  return name == "len" || name == "numIters" || name == "tapsLen" || name == "n";
+}
 // 0 is a good bit offset, a negative one isn't.
 inline bool is_bit_offset(const std::string& name) { return name == "srcBitOffset" || name == "dstBitOffset"; }
 
@@ -43,7 +47,13 @@ class Arguments {
         memory_[i].fill_with(kPattern);
         set_pointer(i, memory_[i].data());
       } else if (is_length(p.name)) {
-        set(i, kGoodLength);
+        set(i, d.find("stride") >= 0 ? kGoodRows : kGoodLength);
+      } else if (p.name == std::string("rows") || p.name == std::string("cols")) {
+        set(i, kGoodRows);
+      } else if (std::string(p.name).find("tride") != std::string::npos) {
+        set(i, kGoodRows + 1);
+      } else if (p.name == std::string("row2") || p.name == std::string("col2")) {
+        set(i, 0);  // not the first one again
       } else if (p.name == std::string("tapsType")) {
         set(i, int{NOX_TYPE_64F});
       } else if (std::string(d.name).rfind("noxiFilter_64f", 0) == 0 && std::string(p.name).find("Step") == 3) {
@@ -54,6 +64,8 @@ class Arguments {
         set(i, Nox64fc{0.75, -0.5});
       } else if (p.type == Type::Nox32f) {
         set(i, 0.75f);
+      } else if (p.type == Type::Nox16s || p.type == Type::Nox32s) {
+        set(i, 20);  // amid the elements
       } else {
         values_[i][0] = is_index(d, i) ? 0 : 1;
       }
@@ -84,9 +96,16 @@ class Arguments {
         if (b != kPattern) return declaration_.parameters[i].name;
     return "";
   }
-  // Values that no element type and no index into the arrays can stumble over.
+  // Values of either sign, NaN among the real ones and no zero among the integers, which may be divisors. Indexes stay
+  // within the arrays.
   void fill(kit::Random& random) {
-    for (size_t i = 0; i < memory_.size(); ++i) fill_memory(memory_[i], declaration_.parameters[i].type, random);
+    for (size_t i = 0; i < memory_.size(); ++i) {
+      const kit::Parameter& p = declaration_.parameters[i];
+      if (std::string(p.name).rfind("ind", 0) == 0)
+        fill_as<Nox32s>(memory_[i], random, 0, 7);
+      else
+        fill_memory(memory_[i], p.type, random);
+    }
   }
   std::vector<std::vector<uint8_t>> contents() const {
     std::vector<std::vector<uint8_t>> out;
@@ -99,13 +118,16 @@ class Arguments {
 
  private:
   template <class T>
-  static void fill_as(kit::Guarded<uint8_t>& memory, kit::Random& random) {
+  static void fill_as(kit::Guarded<uint8_t>& memory, kit::Random& random, int low = -60, int high = 60) {
     for (size_t at = 0; at + sizeof(T) <= memory.size(); at += sizeof(T)) {
+      const size_t i = at / sizeof(T);
+      const double size = i % 8 < 2 ? 0.3 : 2;  // some complex values have two small parts
       T v;
       if constexpr (std::is_floating_point_v<T>)
-        v = static_cast<T>(random.uniform(0.5, 2));
+        v = i % 5 == 4 ? std::numeric_limits<T>::quiet_NaN() : static_cast<T>(random.uniform(-size, size));
       else
-        v = static_cast<T>(random.integer(1, sizeof(T) == 1 ? 127 : 7));
+        do v = static_cast<T>(random.integer(low, high));
+        while (v == 0 && low < 0);
       std::memcpy(memory.data() + at, &v, sizeof v);
     }
   }

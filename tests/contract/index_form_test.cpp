@@ -69,13 +69,18 @@ TEST_P(IndexForms, EqualThePrimitiveOnBasePlusIndex) {
             i, reinterpret_cast<void*>(reinterpret_cast<uintptr_t>(at) - static_cast<uintptr_t>(index * bytes)));
         with_index.set(i + 1, index);
         direct.set_pointer(k, at);
+      } else if (form.parameters[i].name == std::string("relOp")) {
+        with_index.set(i, 4);  // a relation that exists
+        direct.set(k, 4);
       }
       ++k;
     }
+    const bool returns = form.result != kit::Type::Void;
     const int expected_status = direct.status(plain_entry);
     const auto expected = with_index.contents();
     with_index.restore(before);
-    EXPECT_EQ(with_index.status(form.address), expected_status);
+    const int status = with_index.status(form.address);
+    EXPECT_EQ(returns ? status : 0, returns ? expected_status : 0);
     EXPECT_EQ(with_index.contents(), expected);
     EXPECT_TRUE(expected != before) << "the call did nothing, so it shows nothing";
   }

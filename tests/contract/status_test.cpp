@@ -47,9 +47,29 @@ constexpr Exception kExceptions[] = {
     {"noxsFIRSR_64fc_Idx", kUntested, nullptr},
     {"noxsFIRSR_64f_I_Idx", kUntested, nullptr},
     {"noxsFIRSR_64fc_I_Idx", kUntested, nullptr},
+    {"noxsFIRMRInitAlloc_64f_Idx", kUntested, nullptr},
+    {"noxsFIRMRInitAlloc_64fc_Idx", kUntested, nullptr},
+    {"noxsFIRMR_64f_Idx", kUntested, nullptr},
+    {"noxsFIRMR_64fc_Idx", kUntested, nullptr},
+    {"noxsFIRMR_64f_I_Idx", kUntested, nullptr},
+    {"noxsFIRMR_64fc_I_Idx", kUntested, nullptr},
+    // A bad length has a status of its own here, and factors and phases come before the pointers: tested beside the
+    // filter.
+    {"noxsFIRMRGetSize", kUntested, nullptr},
+    {"noxsFIRMRInit_64f", kUntested, nullptr},
+    {"noxsFIRMRInit_64fc", kUntested, nullptr},
+    {"noxsFIRMRInit_64f_Idx", kUntested, nullptr},
+    {"noxsFIRMRInit_64fc_Idx", kUntested, nullptr},
     // A null work buffer stays null whatever its index, and is then refused.
     {"noxsFIROne_64f_Idx", kRequired, "pBuf"},
     {"noxsFIROne_64fc_Idx", kRequired, "pBuf"},
+    // Every method is given one, though only some look into it.
+    {"noxsConvolve_64f", kRequired, "pBuffer"},
+    {"noxsConvolve_64f_Idx", kRequired, "pBuffer"},
+    {"noxsAutoCorrNorm_64f", kRequired, "pBuffer"},
+    {"noxsAutoCorrNorm_64f_Idx", kRequired, "pBuffer"},
+    {"noxsAutoCorrNorm_64fc", kRequired, "pBuffer"},
+    {"noxsAutoCorrNorm_64fc_Idx", kRequired, "pBuffer"},
     // The length decides what memory is needed: a work buffer is refused when a spec that needs it is seen.
     {"noxsDCTFwdGetSize_64f", kLengthFirst, nullptr},
     {"noxsDCTInvGetSize_64f", kLengthFirst, nullptr},
@@ -65,6 +85,29 @@ constexpr Exception kExceptions[] = {
     {"noxsDCTInv_64f_Idx", kUntested, nullptr},
     {"noxsDCTFwd_64f_I_Idx", kUntested, nullptr},
     {"noxsDCTInv_64f_I_Idx", kUntested, nullptr},
+    // The parameter follows from the length.
+    {"noxsWinBlackmanOpt_64f", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64f_I", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64fc", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64fc_I", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64f_Idx", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64f_I_Idx", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64fc_Idx", kLengthFirst, nullptr},
+    {"noxsWinBlackmanOpt_64fc_I_Idx", kLengthFirst, nullptr},
+    // These hand their arrays over as twice as many parts, once there is a length to double.
+    {"noxsAdd_32sc_Sfs", kLengthFirst, nullptr},
+    {"noxsAdd_32sc_ISfs", kLengthFirst, nullptr},
+    {"noxsSub_32sc_Sfs", kLengthFirst, nullptr},
+    {"noxsSub_32sc_ISfs", kLengthFirst, nullptr},
+    {"noxsAdd_32sc_Sfs_Idx", kLengthFirst, nullptr},
+    {"noxsAdd_32sc_ISfs_Idx", kLengthFirst, nullptr},
+    {"noxsSub_32sc_Sfs_Idx", kLengthFirst, nullptr},
+    {"noxsSub_32sc_ISfs_Idx", kLengthFirst, nullptr},
+    // The phase and the values stand before the array; their order is tested with their family.
+    {"noxsTone_Direct_64f_Idx", kUntested, nullptr},
+    {"noxsTone_Direct_64fc_Idx", kUntested, nullptr},
+    {"noxsTriangle_Direct_64f_Idx", kUntested, nullptr},
+    {"noxsTriangle_Direct_64fc_Idx", kUntested, nullptr},
     // The raw words of the identification are on demand.
     {"noxGetCpuFeatures", kOptional, "pCpuidInfoRegs"},
 };

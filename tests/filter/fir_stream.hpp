@@ -56,6 +56,7 @@ class FirStream {
 
   // Filters n samples; the spec isn't written.
   void run(const T* src, T* dst, int n, const T* dlySrc, T* dlyDst) {
+    work_.fill_with(0xFF);  // NaN, whatever the element
     ASSERT_EQ(noxStsNoErr, kit::call(FirOf<T>::run, src, dst, n, spec(), dlySrc, dlyDst, work_.data()));
     EXPECT_TRUE(kit::same_bits(spec_.data(), before_.data(), spec_.size()));
     work_.check();

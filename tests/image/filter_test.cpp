@@ -9,7 +9,7 @@
 #include "kit/random.hpp"
 #include "kit/variants.hpp"
 #include "nox/nox.h"
-#include "reference/window.hpp"
+#include "reference/plane_filter.hpp"
 
 namespace {
 

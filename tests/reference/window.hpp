@@ -1,49 +1,46 @@
-// The two filters of planes as sums written out: every output by itself, pixel by pixel.
+// The weights of the windows by their formulas, each position by itself.
 #pragma once
 #include <cmath>
-#include <vector>
 
 namespace reference {
 
-// A product added to a sum, in one rounding where `fuses`.
-template <class T>
-T add_product(T a, T b, T sum, bool fuses) {
-  return fuses ? std::fma(a, b, sum) : sum + a * b;
+inline double window_cosine(int k, int n) {
+  return static_cast<double>(std::cos(2 * 3.14159265358979323846L * k / (n - 1)));
 }
 
-// The index inside 0 to n - 1 that stands in for i; -1 for none.
-inline int inside(int i, int n, bool mirror, bool constant) {
-  if (i >= 0 && i < n) return i;
-  if (constant) return -1;
-  if (!mirror || n == 1) return i < 0 ? 0 : n - 1;
-  const int period = 2 * (n - 1), at = ((i % period) + period) % period;
-  return at < n ? at : period - at;
+inline double bartlett(int k, int n) { return 1 - std::fabs(2.0 * k / (n - 1) - 1); }
+inline double hann(int k, int n) { return 0.5 - 0.5 * window_cosine(k, n); }
+inline double hamming(int k, int n) { return 0.54 - 0.46 * window_cosine(k, n); }
+inline double blackman(int k, int n, double alpha) {
+  // The usual form, with the cosine of the double angle.
+  const double c = window_cosine(k, n), double_angle = 2 * c * c - 1;
+  return (alpha + 1) / 2 - 0.5 * c - alpha / 2 * double_angle;
+}
+inline double blackman_optimal(int k, int n) {
+  const double root = 0.5 / std::cos(3.14159265358979323846 / (n - 1));
+  return blackman(k, n, -root * root);
 }
 
-// pixel(x, y) for any x, y of the output at hand; taps of even place in a row first, a sum of the odd ones per row.
-template <class Pixel>
-float correlate(const std::vector<float>& kernel, int w, int h, bool fuses, const Pixel& pixel) {
-  float sum = 0;
-  for (int i = 0; i < h; ++i) {
-    float odd = 0;
-    for (int j = 0; j < w; ++j) {
-      float& into = j % 2 ? odd : sum;
-      into = add_product(pixel(j, i), kernel[static_cast<size_t>(i * w + j)], into, fuses);
-    }
-    sum += odd;
+inline double bessel(double x) {
+  if (x < 4) {
+    const double t = x * 0.25 * (x * 0.25);
+    return ((((((0.0008267816 * t + 0.0075942968) * t + 0.0713758187) * t + 0.4443189384) * t + 1.777809969) * t +
+             3.9999959541) *
+                t +
+            4.0000001935) *
+               t +
+           0.9999999985;
   }
-  return sum;
+  const double falling[] = {0.0051246015,  -0.0366694767, 0.1113315511,  -0.1867783276, 0.1895476618,
+                            -0.1209940805, 0.0495811118,  -0.0128314822, 0.0022585672,  0.00026,
+                            0.0017623668,  0.0124667783,  0.3989422809};
+  double sum = 0;
+  for (const double c : falling) sum = sum * (4 / x) + c;
+  return std::exp(x) / std::sqrt(x) * sum;
 }
-
-template <class Pixel>
-double convolve(const std::vector<double>& kernel, int w, int h, bool fuses, const Pixel& pixel) {
-  double sums[2] = {};
-  for (int r = h - 1; r >= 0; --r)
-    for (int c = w - 1; c >= 0; --c) {
-      double& into = sums[(w - 1 - c) % 2];
-      into = add_product(pixel(c, r), kernel[static_cast<size_t>(r * w + c)], into, fuses);
-    }
-  return sums[0] + sums[1];
+inline double kaiser(int k, int n, double alpha) {
+  return bessel(std::fabs(alpha * std::sqrt(static_cast<double>(k) * (n - 1 - k)))) /
+         bessel(std::fabs(alpha) * (n - 1) * 0.5);
 }
 
 }  // namespace reference

@@ -34,6 +34,8 @@ class Fft : public kit::EachVariant {
 };
 
 int max_order() { return kit::quick() ? 16 : 20; }
+// For what holds whichever way a long transform is cut.
+int long_order() { return kit::quick() ? 16 : 18; }
 size_t length(int order) { return size_t{1} << order; }
 
 Samples random_samples(int order, uint64_t stream = 0) {
@@ -126,7 +128,7 @@ TEST_P(Fft, ResultsAreExactWithinRounding) {
 
 // Random samples hide one wrong factor among many elements; an impulse shows each factor alone.
 TEST_P(Fft, ImpulsesBecomeTurns) {
-  for (int order = 1; order <= max_order(); ++order) {
+  for (int order = 1; order <= long_order(); ++order) {
     const size_t n = length(order);
     const Spectrum w = reference::turns(n, -1);
     const Plan plan(fft(), order, kNone);
@@ -177,7 +179,7 @@ TEST_P(Fft, LongestOrdersTakeEveryPath) {
 }
 
 TEST_P(Fft, FlagsScale) {
-  for (int order = 0; order <= max_order(); ++order) {
+  for (int order = 0; order <= long_order(); ++order) {
     const Exact& e = exact(order);
     const double n = static_cast<double>(e.x.size());
     const struct {
@@ -201,7 +203,7 @@ TEST_P(Fft, FlagsScale) {
 }
 
 TEST_P(Fft, InPlaceAndMisalignedGiveTheSame) {
-  for (int order = 0; order <= max_order(); ++order) {
+  for (int order = 0; order <= long_order(); ++order) {
     const Exact& e = exact(order);
     const size_t n = e.x.size();
     const Plan plan(fft(), order, kForward), awry(fft(), order, kForward, 8 * (order % 8) + 4);

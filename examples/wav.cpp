@@ -1,10 +1,10 @@
-// Reading a recording: the walk over the chunks and the checks of the format.
+// Reading a recording: the walk over the chunks and the checks of the format. Writing one: a header and the samples.
 #include "wav.hpp"
 
 #include <cstdio>
 #include <memory>
 
-namespace heartbeat {
+namespace examples {
 namespace {
 
 constexpr std::size_t kRiffHeader = 12;  // "RIFF", size, "WAVE"
@@ -82,4 +82,30 @@ Recording read_wav(const std::string& path) {
   file.fail("holds no data chunk");
 }
 
-}  // namespace heartbeat
+void write_wav(const std::string& path, const Recording& recording) {
+  std::string data;
+  const auto put = [&](std::uint32_t value, int bytes) {
+    for (int i = 0; i < bytes; ++i) data += static_cast<char>(value >> 8 * i & 0xFF);
+  };
+  const std::uint32_t rate = static_cast<std::uint32_t>(recording.rate);
+  const std::uint32_t size = static_cast<std::uint32_t>(2 * recording.samples.size());
+  data = "RIFF";
+  put(static_cast<std::uint32_t>(kRiffHeader + kFormatSize + kChunkHeader) + size, 4);
+  data += "WAVEfmt ";
+  put(kFormatSize, 4);
+  put(kPcm, 2);
+  put(1, 2);
+  put(rate, 4);
+  put(2 * rate, 4);
+  put(2, 2);
+  put(16, 2);
+  data += "data";
+  put(size, 4);
+  for (const std::int16_t sample : recording.samples) put(static_cast<std::uint16_t>(sample), 2);
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "wb"), std::fclose);
+  if (!file || std::fwrite(data.data(), 1, data.size(), file.get()) != data.size() || std::fflush(file.get()) != 0) {
+    throw Error(path + ": can't be written");
+  }
+}
+
+}  // namespace examples

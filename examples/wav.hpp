@@ -1,4 +1,4 @@
-// Reading a recording from a RIFF/WAVE file: 16-bit PCM of one channel.
+// Reading a recording from a RIFF/WAVE file, and writing one: 16-bit PCM of one channel.
 //
 // The chunks are walked in order and all but "fmt " and "data" are skipped. Whatever doesn't fit ends in an Error
 // whose text fits on one line.
@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace heartbeat {
+namespace examples {
 
 // Input that can't be worked on; the text is meant for the user.
 struct Error : std::runtime_error {
@@ -22,5 +22,6 @@ struct Recording {
 };
 
 Recording read_wav(const std::string& path);
+void write_wav(const std::string& path, const Recording& recording);
 
-}  // namespace heartbeat
+}  // namespace examples
