@@ -70,6 +70,12 @@ NOX_INLINE bool met(IntOne<T> a) {
 }
 NOX_INLINE bool met(F64x1 a) { return mask_bits(a) != 0; }
 
+// put(i) for each bit set, the lowest first.
+template <class Put>
+NOX_INLINE void each_bit(Nox32u bits, Put&& put) {
+  for (; bits != 0; bits &= bits - 1) put(static_cast<Nox32u>(__builtin_ctz(bits)));
+}
+
 template <class T>
 NOX_INLINE void move_one(T* d, const T* s) {
   lanes_of<T>::one::load(s).store(d);
