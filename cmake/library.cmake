@@ -86,7 +86,7 @@ file(GLOB NOX_ONCE CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/core/*.cpp ${PROJECT_
 # The array layer has one build, which is written with the lanes and drivers of the others, at the level of SSE2.
 file(GLOB NOX_ARRAY CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/array/*.cpp)
 set_source_files_properties(${NOX_ARRAY} PROPERTIES COMPILE_DEFINITIONS "NOX_VARIANT=array;NOX_LEVEL=0"
-                            COMPILE_OPTIONS "-fno-tree-loop-distribute-patterns;${NOX_SHORT_FRAMES}")
+                            COMPILE_OPTIONS -fno-tree-loop-distribute-patterns)
 add_library(nox SHARED ${NOX_ONCE} ${NOX_ARRAY} ${NOX_GENERATED}/dispatch.S ${NOX_GENERATED}/index_forms.cpp
             ${NOX_OBJECTS})
 nox_internal_target(nox)

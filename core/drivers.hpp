@@ -186,28 +186,5 @@ NOX_INLINE void reverse_in_place(typename K::elem* d, int len) {
   reverse(middle_front).store(high_middle);
 }
 
-// Accumulates step(acc, x...) in Count vectors and one single lane, then returns fold(vectors, single).
-//
-// The single lane takes the elements before the first source's vector boundary and those behind the last vector; then
-// Count vectors an iteration, and what is left of them goes to the first one by one.
-template <class K, int Count, class Step, class Fold, class... S>
-NOX_INLINE auto reduce(int len, Step&& step, Fold&& fold, const typename K::elem* s0, const S*... s) {
-  using V = typename K::vec;
-  using One = typename K::one;
-  const size_t n = static_cast<size_t>(len);
-  V acc[Count];
-  for (V& a : acc) a = V::zero();
-  One single = One::zero();
-  size_t i = 0;
-  for (const size_t head = elements_to_boundary<V>(s0, n); i < head; ++i)
-    single = step(single, One::load(s0 + i), One::load(s + i)...);
-  for (; n - i >= Count * V::N; i += Count * V::N)
-    for (size_t k = 0; k < Count; ++k)
-      acc[k] = step(acc[k], V::load(s0 + i + k * V::N), V::load(s + i + k * V::N)...);
-  for (; n - i >= V::N; i += V::N) acc[0] = step(acc[0], V::load(s0 + i), V::load(s + i)...);
-  for (; i < n; ++i) single = step(single, One::load(s0 + i), One::load(s + i)...);
-  return fold(acc, single);
-}
-
 }  // namespace NOX_VARIANT
 }  // namespace nox

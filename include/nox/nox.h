@@ -6,6 +6,7 @@
 #include "nox/array.h"
 #include "nox/core.h"
 #include "nox/filter.h"
+#include "nox/generate.h"
 #include "nox/index.h"
 #include "nox/stats.h"
 #include "nox/status.h"

@@ -1,7 +1,8 @@
-/* Statistics, ordering and selection: thresholds and sorting. */
+/* Statistics, ordering and selection: extrema, thresholds, sorting. */
 #ifndef NOX_STATS_H
 #define NOX_STATS_H
 
+#include "nox/stats/extrema.h"
 #include "nox/stats/sort.h"
 #include "nox/stats/threshold.h"
 

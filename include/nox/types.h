@@ -97,4 +97,20 @@ typedef struct NoxDctHandle NoxDctHandle;
 /** Handle of a one-call filter: spec, delay lines and work buffer behind one pointer. */
 typedef struct NoxFilterHandle NoxFilterHandle;
 
+/* Records of the random generators. They hold no pointers: a copy saves a stream, and putting it back restores it. */
+/** Record of uniform Nox8u values. */
+typedef struct NoxRandUniformState_8u NoxRandUniformState_8u;
+/** Record of uniform Nox16s values. */
+typedef struct NoxRandUniformState_16s NoxRandUniformState_16s;
+/** Record of uniform Nox64f values. */
+typedef struct NoxRandUniformState_64f NoxRandUniformState_64f;
+/** Record of normally distributed Nox8u values. */
+typedef struct NoxRandGaussState_8u NoxRandGaussState_8u;
+/** Record of normally distributed Nox16s values. */
+typedef struct NoxRandGaussState_16s NoxRandGaussState_16s;
+/** Record of normally distributed Nox32f values. */
+typedef struct NoxRandGaussState_32f NoxRandGaussState_32f;
+/** Record of normally distributed Nox64f values. */
+typedef struct NoxRandGaussState_64f NoxRandGaussState_64f;
+
 #endif

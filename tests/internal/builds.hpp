@@ -21,9 +21,7 @@ constexpr const char* kOpNames[] = {
     "less",     "less_equal",    "min",           "max",        "reverse",     "select",  "mul",
     "div",      "sqrt",          "is_nan",        "mask_bits",  "madd",        "abs",     "negate",
     "re_twice", "im_twice",      "swap_parts",    "conj",       "sub_add"};
-constexpr const char* kShapeNames[] = {"map of 1",         "map of 2",         "map of 3",
-                                       "map_reversed",     "reverse_in_place", "reduce by 1",
-                                       "reduce of 2 by 2", "reduce by 4",      "watch"};
+constexpr const char* kShapeNames[] = {"map of 1", "map of 2", "map of 3", "map_reversed", "reverse_in_place", "watch"};
 inline std::string describe(const LaneCase& c) {
   return std::string(kOpNames[static_cast<int>(c.op)]) + " on " + std::to_string(c.lanes) + " x " +
          kElementNames[static_cast<int>(c.element)];

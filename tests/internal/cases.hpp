@@ -56,7 +56,7 @@ struct LaneCase {
 };
 
 // One driver on arrays; what it computes stands beside the tests.
-enum class Shape { Map1, Map2, Map3, MapReversed, ReverseInPlace, Reduce1, Reduce2of2, Reduce4, Watch };
+enum class Shape { Map1, Map2, Map3, MapReversed, ReverseInPlace, Watch };
 struct DriverCase {
   Shape shape;
   Element element;

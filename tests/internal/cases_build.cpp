@@ -235,30 +235,6 @@ struct Same {
     return a;
   }
 };
-struct Accumulate {
-  template <class V>
-  NOX_INLINE V operator()(V acc, V a) const {
-    return acc + a;
-  }
-  template <class V>
-  NOX_INLINE V operator()(V acc, V a, V b) const {
-    return acc + (a - b);
-  }
-};
-// Adds all lanes of all accumulators, one by one.
-template <class K>
-struct FoldInto {
-  typename K::elem* d;
-  template <int Count>
-  NOX_INLINE void operator()(const typename K::vec (&acc)[Count], typename K::one single) const {
-    typename K::elem lanes[K::vec::N];
-    for (const auto& a : acc) {
-      a.store(lanes);
-      for (const auto& lane : lanes) single = single + K::one::load(&lane);
-    }
-    single.store(d);
-  }
-};
 
 template <Shape shape, class K>
 void run_driver(void* out, const void* a, const void* b, const void* c, int len) {
@@ -277,12 +253,6 @@ void run_driver(void* out, const void* a, const void* b, const void* c, int len)
     map_reversed<K>(d, x, len, Twice{});
   else if constexpr (shape == Shape::ReverseInPlace)
     reverse_in_place<K>(d, len);
-  else if constexpr (shape == Shape::Reduce1)
-    reduce<K, 1>(len, Accumulate{}, FoldInto<K>{d}, x);
-  else if constexpr (shape == Shape::Reduce2of2)
-    reduce<K, 2>(len, Accumulate{}, FoldInto<K>{d}, x, y);
-  else if constexpr (shape == Shape::Reduce4)
-    reduce<K, 4>(len, Accumulate{}, FoldInto<K>{d}, x);
   else if constexpr (shape == Shape::Watch) {
     Watch<K> watch;
     map<K>(
@@ -305,8 +275,7 @@ constexpr DriverCase driver_case() {
       driver_case<shape, ints<Nox64s>>(), driver_case<shape, f64>(), driver_case<shape, c64>()
 constexpr DriverCase kDriverCases[] = {
     KINDS(Shape::Map1),        KINDS(Shape::Map2),           KINDS(Shape::Map3),
-    KINDS(Shape::MapReversed), KINDS(Shape::ReverseInPlace), KINDS(Shape::Reduce1),
-    KINDS(Shape::Reduce2of2),  KINDS(Shape::Reduce4),        driver_case<Shape::Watch, f64>(),
+    KINDS(Shape::MapReversed), KINDS(Shape::ReverseInPlace), driver_case<Shape::Watch, f64>(),
 };
 
 template <class T, size_t N>
