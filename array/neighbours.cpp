@@ -1,6 +1,11 @@
 // Nearest neighbours: merges the distances of a block of rows and columns into each row's list of the k best.
+//
+// Few columns enter a list, so distances are formed and tested in vectors and columns handled one by one only where a
+// test is met.
 #include "nox/array/neighbours.h"
+
 #include "adapters/adapter.hpp"
+#include "array/masks.hpp"
 #include "array/operands.hpp"
 #include "core/reduce.hpp"
 
@@ -8,17 +13,67 @@ namespace nox {
 inline namespace NOX_VARIANT {
 namespace {
 
-// Place of the largest of k values, of the first one among equals.
-NOX_INLINE Nox32s largest(const Nox64f* p, Nox32s k) {
-  Nox32s place = 0;
-  Nox64f value = p[0];
+// One row's part of the arrays.
+struct Row {
+  Nox32s* worst_slot;
+  Nox64f* worst_dist;
+  Nox32s* best_index;
+  Nox64f* best_dist;
+  Nox64f term;
+};
+
+NOX_INLINE void put(Nox64f* p, Nox64f x) { F64x1::all(x).store(p); }
+NOX_INLINE void put(Nox32s* p, Nox32s x) { IntOne<Nox32s>{x}.store(p); }
+NOX_INLINE Nox64f get(const Nox64f* p) { return _mm_cvtsd_f64(F64x1::load(p).v); }
+NOX_INLINE Nox32s get(const Nox32s* p) { return IntOne<Nox32s>::load(p).v; }
+
+// The place of the largest, of equal ones the first.
+NOX_INLINE Nox32s largest(const Nox64f* list, Nox32s k) {
+  Nox32s slot = 0;
+  Nox64f most = get(list);
   for (Nox32s i = 1; i < k; ++i) {
-    if (p[i] > value) {
-      value = p[i];
-      place = i;
-    }
+    const Nox64f x = get(list + i);
+    if (x > most) most = x, slot = i;
   }
-  return place;
+  return slot;
+}
+
+constexpr Nox32s kColumns = 8;  // tested at a time
+
+// Bits of the columns from j on whose distance, of(j), is below the worst.
+template <class Of>
+NOX_INLINE Nox32u nearer(Nox64f worst, Nox32s j, Of&& of) {
+  const F64x2 bound = F64x2::all(worst);
+  const F64x2 low = of(j) < bound, next = of(j + 2) < bound, third = of(j + 4) < bound, high = of(j + 6) < bound;
+  if (mask_bits((low | next) | (third | high)) == 0) return 0;
+  return static_cast<Nox32u>(mask_bits(low) | mask_bits(next) << 2 | mask_bits(third) << 4 | mask_bits(high) << 6);
+}
+
+// The worst distance stands for the whole row, however far the list falls below it.
+NOX_INLINE void collect(const Row& row, const Nox64f* block, const Nox64f* col_term, Nox32s columns, Nox32s k,
+                        Nox32s col_start) {
+  const Nox64f worst = get(row.worst_dist);
+  Nox32s slot = get(row.worst_slot), j = 0;
+  const F64x2 term = F64x2::all(row.term);
+  const auto enter = [&](Nox32s column, Nox64f d) {
+    put(row.best_dist + slot, d);
+    put(row.best_index + slot, col_start + column);
+    slot = largest(row.best_dist, k);
+  };
+  const auto distance = [&](Nox32s column) { return (row.term + get(block + column)) + get(col_term + column); };
+  for (; columns - j >= kColumns; j += kColumns) {
+    const auto of = [&](Nox32s i) { return (term + F64x2::load(block + i)) + F64x2::load(col_term + i); };
+    each_bit(nearer(worst, j, of), [&](Nox32u i) {
+      const Nox32s column = j + static_cast<Nox32s>(i);
+      enter(column, distance(column));
+    });
+  }
+  for (; j < columns; ++j) {
+    const Nox64f d = distance(j);
+    if (worst > d) enter(j, d);
+  }
+  put(row.worst_slot, slot);
+  put(row.worst_dist, worst);
 }
 
 // d[j] = (own + columns[j]) + d[j]; returns the least, which no NaN is.
@@ -43,6 +98,18 @@ NOX_INLINE Nox64f complete(Nox64f* d, const Nox64f* columns, Nox64f own, Nox32s 
   return value_of(smallest);
 }
 
+// step(row, its part of the block) for each row.
+template <class T, class Step>
+NOX_INLINE void each_row(Nox32s row_start, Nox32s rows, Nox32s columns, Nox32s k, T* block, Nox32s* worst_slot,
+                         Nox64f* worst_dist, Nox32s* best_index, Nox64f* best_dist, const Nox64f* row_term,
+                         Step&& step) {
+  for (Nox32s i = 0; i < rows; ++i) {
+    const Nox32s g = row_start + i;
+    step(Row{worst_slot + g, worst_dist + g, best_index + g * k, best_dist + g * k, get(row_term + g)},
+         block + i * columns);
+  }
+}
+
 }  // namespace
 }  // namespace NOX_VARIANT
 }  // namespace nox
@@ -56,23 +123,10 @@ void InternalCollectK_64f_Idx(Nox32s rowStart, Nox32s rowCount, Nox32s colCount,
                               Nox64f worstDist[], int worstDistIdx, Nox32s bestIndex[], int bestIndexIdx,
                               Nox64f bestDist[], int bestDistIdx, const Nox64f colTerm[], int colTermIdx,
                               const Nox64f rowTerm[], int rowTermIdx) {
-  const Nox64f* const columns = at(colTerm, colTermIdx);
-  for (Nox32s i = 0; i < rowCount; ++i) {
-    const Nox32s row = rowStart + i;
-    const Nox64f* const distances = at(block, blockIdx) + i * colCount;
-    Nox64f* const best = at(bestDist, bestDistIdx) + row * k;
-    Nox32s* const index = at(bestIndex, bestIndexIdx) + row * k;
-    Nox32s& slot = at(worstSlot, worstSlotIdx)[row];
-    const Nox64f own = at(rowTerm, rowTermIdx)[row], worst = at(worstDist, worstDistIdx)[row];
-    for (Nox32s j = 0; j < colCount; ++j) {
-      const Nox64f distance = (own + distances[j]) + columns[j];
-      // The value tested against stays that of the call's beginning; the slot alone follows the list.
-      if (!(worst > distance)) continue;
-      best[slot] = distance;
-      index[slot] = colStart + j;
-      slot = largest(best, k);
-    }
-  }
+  const Nox64f* terms = at(colTerm, colTermIdx);
+  each_row(rowStart, rowCount, colCount, k, at(block, blockIdx), at(worstSlot, worstSlotIdx),
+           at(worstDist, worstDistIdx), at(bestIndex, bestIndexIdx), at(bestDist, bestDistIdx), at(rowTerm, rowTermIdx),
+           [=](const Row& row, const Nox64f* part) { collect(row, part, terms, colCount, k, colStart); });
 }
 
 void InternalCollectK1_64f_Idx(Nox32s rowStart, Nox32s rowCount, Nox32s colCount, Nox32s k, Nox32s colStart,
@@ -80,24 +134,24 @@ void InternalCollectK1_64f_Idx(Nox32s rowStart, Nox32s rowCount, Nox32s colCount
                                int worstDistIdx, Nox32s bestIndex[], int bestIndexIdx, Nox64f bestDist[],
                                int bestDistIdx, const Nox64f colTerm[], int colTermIdx, const Nox64f rowTerm[],
                                int rowTermIdx) {
-  for (Nox32s i = 0; i < rowCount; ++i) {
-    const Nox32s row = rowStart + i;
-    Nox64f* const distances = at(block, blockIdx) + i * colCount;
-    Nox64f worst = at(worstDist, worstDistIdx)[row];
-    const Nox64f least = complete(distances, at(colTerm, colTermIdx), at(rowTerm, rowTermIdx)[row], colCount);
-    if (!(worst > least)) continue;
-    Nox64f* const best = at(bestDist, bestDistIdx) + row * k;
-    Nox32s* const index = at(bestIndex, bestIndexIdx) + row * k;
-    int slot = at(worstSlot, worstSlotIdx)[row];
+  const Nox64f* const columns = at(colTerm, colTermIdx);
+  const auto step = [=](const Row& row, Nox64f* distances) {
+    Nox64f worst = get(row.worst_dist);
+    if (!(worst > complete(distances, columns, row.term, colCount))) return;
+    int slot = get(row.worst_slot);
     for (Nox32s j = 0; j < colCount; ++j) {
-      if (!(worst > distances[j])) continue;
-      best[slot] = distances[j];
-      index[slot] = colStart + j;
-      plain_noxsMaxIndx_64f(best, k, &worst, &slot);
+      const Nox64f distance = get(distances + j);
+      if (!(worst > distance)) continue;
+      put(row.best_dist + slot, distance);
+      put(row.best_index + slot, colStart + j);
+      plain_noxsMaxIndx_64f(row.best_dist, k, &worst, &slot);
     }
-    at(worstSlot, worstSlotIdx)[row] = slot;
-    at(worstDist, worstDistIdx)[row] = worst;
-  }
+    put(row.worst_slot, slot);
+    put(row.worst_dist, worst);
+  };
+  each_row(rowStart, rowCount, colCount, k, at(block, blockIdx), at(worstSlot, worstSlotIdx),
+           at(worstDist, worstDistIdx), at(bestIndex, bestIndexIdx), at(bestDist, bestDistIdx), at(rowTerm, rowTermIdx),
+           step);
 }
 
 }  // extern "C"

@@ -11,6 +11,13 @@ NOX_INLINE bool overlap(const void* a, size_t a_bytes, const void* b, size_t b_b
   return p - q < b_bytes || q - p < a_bytes;
 }
 
+// Whether writing elements 0 to k of d changes no element of s behind k, for n elements.
+template <class D, class S>
+NOX_INLINE bool keeps_unread(const D* d, const S* s, Nox32u n) {
+  const bool behind = sizeof(D) <= sizeof(S) && reinterpret_cast<uintptr_t>(d) <= reinterpret_cast<uintptr_t>(s);
+  return behind || !overlap(d, n * sizeof(D), s, n * sizeof(S));
+}
+
 // One element, at any address, as its bits.
 template <class T>
 NOX_INLINE T element_at(const T* p) {

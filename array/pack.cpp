@@ -3,17 +3,16 @@
 // Elements move one by one, as bits, in ascending order. A word of a bit field is made of the sign bits of comparisons
 // with zero, and taken apart by testing each bit in a lane of its own.
 #include "nox/array/pack.h"
-#include "array/operands.hpp"
+
+#include <string.h>
+
+#include "array/masks.hpp"
 #include "core/simd/ints_wide.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
 namespace {
 
-template <class T>
-NOX_INLINE void move_one(T* d, const T* s) {
-  lanes_of<T>::one::load(s).store(d);
-}
 // The element `stride` times k from p on; the product wraps as addresses do.
 template <class T>
 NOX_INLINE T* strided(T* p, Nox32u k, Nox32s stride) {
@@ -21,6 +20,10 @@ NOX_INLINE T* strided(T* p, Nox32u k, Nox32s stride) {
 }
 template <class T>
 NOX_INLINE void pack_by_stride(Nox32u n, const T* s, Nox32s stride, T* d) {
+  if (stride == 1 && !ahead_of(d, s, n)) {
+    memmove(d, s, n * sizeof(T));
+    return;
+  }
   for (Nox32u k = 0; k < n; ++k) move_one(d + k, strided(s, k, stride));
 }
 template <class T>
@@ -38,31 +41,16 @@ NOX_INLINE void unpack_by_index(Nox32u n, const T* s, T* d, const Nox32s* index)
   for (Nox32u k = 0; k < n; ++k) move_one(d + element_at(index + k), s + k);
 }
 template <class T>
-NOX_INLINE void pack_by_mask(Nox32u n, const T* s, const Nox32s* mask, T* d) {
-  for (Nox32u k = 0; k < n; ++k)
-    if (element_at(mask + k) > 0) move_one(d++, s + k);
-}
-template <class T>
 NOX_INLINE void unpack_by_mask(Nox32u n, const T* s, T* d, const Nox32s* mask) {
   for (Nox32u k = 0; k < n; ++k)
     if (element_at(mask + k) > 0) move_one(d + k, s++);
 }
 
 // ---- bit fields
-NOX_INLINE Nox32u zeros(V128<Nox8u> a) { return static_cast<Nox32u>(_mm_movemask_epi8((a == V128<Nox8u>::zero()).v)); }
-template <class T>
-NOX_INLINE V128<T> zero_lanes(const T* s) {
-  return V128<T>::load(s) == V128<T>::zero();
-}
 // A bit for each of 16 elements that is zero.
-NOX_INLINE Nox32u zeros_of(const Nox8u* s) { return zeros(V128<Nox8u>::load(s)); }
-NOX_INLINE Nox32u zeros_of(const Nox16s* s) {
-  return static_cast<Nox32u>(_mm_movemask_epi8(_mm_packs_epi16(zero_lanes(s).v, zero_lanes(s + 8).v)));
-}
-NOX_INLINE Nox32u zeros_of(const Nox32s* s) {
-  const __m128i low = _mm_packs_epi32(zero_lanes(s).v, zero_lanes(s + 4).v);
-  const __m128i high = _mm_packs_epi32(zero_lanes(s + 8).v, zero_lanes(s + 12).v);
-  return static_cast<Nox32u>(_mm_movemask_epi8(_mm_packs_epi16(low, high)));
+template <class T>
+NOX_INLINE Nox32u zeros_of(const T* s) {
+  return outcomes<T>([=](Nox32u i) { return V128<T>::load(s + i) == V128<T>::zero(); }).bits();
 }
 template <class T>
 NOX_INLINE void pack_bits(const T* s, Nox32s start, Nox32s limit, Nox32u* d, Nox32s words) {
@@ -120,14 +108,14 @@ extern "C" {
 
 void vbpacki(Nox32u n, const Nox8u src[], Nox32s stride, Nox8u dst[]) { pack_by_stride(n, src, stride, dst); }
 void vbpackv(Nox32u n, const Nox8u src[], const Nox32s index[], Nox8u dst[]) { pack_by_index(n, src, index, dst); }
-void vbpackm(Nox32u n, const Nox8u src[], const Nox32s mask[], Nox8u dst[]) { pack_by_mask(n, src, mask, dst); }
+void vbpackm(Nox32u n, const Nox8u src[], const Nox32s mask[], Nox8u dst[]) { compress(src, dst, mask, n); }
 void vbunpacki(Nox32u n, const Nox8u src[], Nox8u dst[], Nox32s stride) { unpack_by_stride(n, src, dst, stride); }
 void vbunpackv(Nox32u n, const Nox8u src[], Nox8u dst[], const Nox32s index[]) { unpack_by_index(n, src, dst, index); }
 void vbunpackm(Nox32u n, const Nox8u src[], Nox8u dst[], const Nox32s mask[]) { unpack_by_mask(n, src, dst, mask); }
 
 void vsipacki(Nox32u n, const Nox16s src[], Nox32s stride, Nox16s dst[]) { pack_by_stride(n, src, stride, dst); }
 void vsipackv(Nox32u n, const Nox16s src[], const Nox32s index[], Nox16s dst[]) { pack_by_index(n, src, index, dst); }
-void vsipackm(Nox32u n, const Nox16s src[], const Nox32s mask[], Nox16s dst[]) { pack_by_mask(n, src, mask, dst); }
+void vsipackm(Nox32u n, const Nox16s src[], const Nox32s mask[], Nox16s dst[]) { compress(src, dst, mask, n); }
 void vsiunpacki(Nox32u n, const Nox16s src[], Nox16s dst[], Nox32s stride) { unpack_by_stride(n, src, dst, stride); }
 void vsiunpackv(Nox32u n, const Nox16s src[], Nox16s dst[], const Nox32s index[]) {
   unpack_by_index(n, src, dst, index);
@@ -136,7 +124,7 @@ void vsiunpackm(Nox32u n, const Nox16s src[], Nox16s dst[], const Nox32s mask[])
 
 void vipacki(Nox32u n, const Nox32s src[], Nox32s stride, Nox32s dst[]) { pack_by_stride(n, src, stride, dst); }
 void vipackv(Nox32u n, const Nox32s src[], const Nox32s index[], Nox32s dst[]) { pack_by_index(n, src, index, dst); }
-void vipackm(Nox32u n, const Nox32s src[], const Nox32s mask[], Nox32s dst[]) { pack_by_mask(n, src, mask, dst); }
+void vipackm(Nox32u n, const Nox32s src[], const Nox32s mask[], Nox32s dst[]) { compress(src, dst, mask, n); }
 void viunpacki(Nox32u n, const Nox32s src[], Nox32s dst[], Nox32s stride) { unpack_by_stride(n, src, dst, stride); }
 void viunpackv(Nox32u n, const Nox32s src[], Nox32s dst[], const Nox32s index[]) {
   unpack_by_index(n, src, dst, index);
@@ -145,7 +133,7 @@ void viunpackm(Nox32u n, const Nox32s src[], Nox32s dst[], const Nox32s mask[]) 
 
 void vdpackic(Nox32u n, const Nox64fc src[], Nox32s stride, Nox64fc dst[]) { pack_by_stride(n, src, stride, dst); }
 void vdpackvc(Nox32u n, const Nox64fc src[], const Nox32s index[], Nox64fc dst[]) { pack_by_index(n, src, index, dst); }
-void vdpackmc(Nox32u n, const Nox64fc src[], const Nox32s mask[], Nox64fc dst[]) { pack_by_mask(n, src, mask, dst); }
+void vdpackmc(Nox32u n, const Nox64fc src[], const Nox32s mask[], Nox64fc dst[]) { compress(src, dst, mask, n); }
 void vdunpackic(Nox32u n, const Nox64fc src[], Nox64fc dst[], Nox32s stride) { unpack_by_stride(n, src, dst, stride); }
 void vdunpackvc(Nox32u n, const Nox64fc src[], Nox64fc dst[], const Nox32s index[]) {
   unpack_by_index(n, src, dst, index);

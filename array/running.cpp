@@ -1,8 +1,11 @@
 // Running sums, plain and with a lag, ramps, products, and the movers of complex elements.
 //
-// A running sum adds an element to the sum before it, so it goes element by element with the sum in a register. With a
-// lag of at least a vector the sums of a vector don't depend on each other, and whole vectors run.
+// A running sum of reals adds an element to the sum before it, so it goes element by element with the sum in a
+// register; those of integers are formed within a vector first, to which the sum before it is added. With a lag of at
+// least a vector the sums of a vector don't depend on each other, and whole vectors run.
 #include <string.h>
+
+#include <type_traits>
 
 #include "array/lanes.hpp"
 #include "nox/array/running.h"
@@ -11,14 +14,44 @@ namespace nox {
 inline namespace NOX_VARIANT {
 namespace {
 
+// Each lane's sum of itself and all lanes below it.
+template <int Shift, class V>
+NOX_INLINE V summed_up(V a) {
+  if constexpr (Shift < 16)
+    return summed_up<2 * Shift>(a + V{_mm_slli_si128(a.v, Shift)});
+  else
+    return a;
+}
+// The highest lane in all lanes.
+template <class T>
+NOX_INLINE V128<T> highest_lane(V128<T> a) {
+  if constexpr (sizeof(T) == 1) a.v = _mm_unpackhi_epi8(a.v, a.v);
+  if constexpr (sizeof(T) <= 2) a.v = _mm_shufflehi_epi16(a.v, 0xFF);
+  return {_mm_shuffle_epi32(a.v, 0xFF)};
+}
+
 template <class T>
 NOX_INLINE void running_sum(const T* s, T* d, Nox32u n) {
   using One = typename lanes_of<T>::one;
   if (n == 0) return;
   One sum = One::load(s);
   sum.store(d);
+  Nox32u k = 1;
+  // Integers may be added in any order.
+  if constexpr (std::is_integral_v<T>) {
+    using V = V128<T>;
+    if (!ahead_of(d, s, n)) {
+      V carry = V::all(sum.v);
+      for (; n - k >= V::N; k += V::N) {
+        const V lanes = summed_up<sizeof(T)>(V::load(s + k));
+        (lanes + carry).store(d + k);
+        carry = carry + highest_lane(lanes);
+      }
+      sum = One::load(d + (k - 1));
+    }
+  }
 #pragma GCC unroll 4
-  for (Nox32u k = 1; k < n; ++k) {
+  for (; k < n; ++k) {
     sum = sum + One::load(s + k);
     sum.store(d + k);
   }
@@ -32,8 +65,10 @@ NOX_INLINE void lagged_sum(const T* s, T* d, Nox32u n, Nox32u lag) {
   if (s != d && lag > 0) memmove(d, s, lag * sizeof(T));
   if (lag >= n) return;
   Nox32u k = lag;
-  // Without a lag it is a sum's own place that is read.
-  if ((lag == 0 || lag >= N) && !ahead_of(d, s, n)) {
+  // Without a lag it is a sum's own place that is read. Two reals that straddle the vectors stored just before would
+  // have to wait for both stores to reach memory.
+  const bool straddles = N == 2 && lag % 2 != 0 && lag < 64;
+  if ((lag == 0 || lag >= N) && !straddles && !ahead_of(d, s, n)) {
 #pragma GCC unroll 4
     for (; n - k >= N; k += N) (V::load(s + k) + V::load(d + (k - lag))).store(d + k);
   }
