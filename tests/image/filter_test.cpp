@@ -31,8 +31,8 @@ struct Spec {
   Guarded<Nox8u> spec, buffer;
   static Spec make(const std::vector<float>& kernel, const Shape& s, Edge edge, size_t misalign) {
     int spec_size = 0, buffer_size = 0;
-    EXPECT_EQ(noxStsNoErr, kit::call(noxiFilterBorderGetSize, s.w, s.h, s.width, s.height, 13, 13, 1, &spec_size,
-                                     &buffer_size));
+    EXPECT_EQ(noxStsNoErr,
+              kit::call(noxiFilterBorderGetSize, s.w, s.h, s.width, s.height, 13, 13, 1, &spec_size, &buffer_size));
     Spec out{Guarded<Nox8u>(static_cast<size_t>(spec_size), edge, misalign),
              Guarded<Nox8u>(static_cast<size_t>(buffer_size), edge, misalign)};
     EXPECT_EQ(noxStsNoErr, kit::call(noxiFilterBorderInit_32f, kernel.data(), s.w, s.h, 13, 1, 0, out.get()));
@@ -61,8 +61,8 @@ void border_case(const Shape& s, int border, Edge edge, size_t misalign, bool fu
   const float value = 0.625f;
   const bool constant = (border & 15) == noxBorderConst, mirror = (border & 15) == noxBorderMirror;
   ASSERT_EQ(noxStsNoErr,
-            kit::call(noxiFilterBorder_32f_C1R, reinterpret_cast<const float*>(src.data() + top * step + 4 * left), step,
-                      reinterpret_cast<float*>(dst.data()), dstStep, s.width, s.height, border,
+            kit::call(noxiFilterBorder_32f_C1R, reinterpret_cast<const float*>(src.data() + top * step + 4 * left),
+                      step, reinterpret_cast<float*>(dst.data()), dstStep, s.width, s.height, border,
                       constant ? &value : nullptr, spec.get(), spec.buffer.data()));
   // In-memory pixels beyond the region are real, the rest is made from the region's own.
   const auto place = [&](int i, int n, bool before, bool after) {
@@ -89,7 +89,7 @@ void border_case(const Shape& s, int border, Edge edge, size_t misalign, bool fu
 
 TEST_P(PlaneFilter, BordersOfEveryKindAtExactMemory) {
   kit::Random random;
-  const Shape shapes[] = {{1, 1, 1, 1}, {3, 3, 1, 1},  {5, 3, 2, 4},   {2, 2, 9, 7},   {3, 3, 8, 5},  {4, 3, 24, 6},
+  const Shape shapes[] = {{1, 1, 1, 1},  {3, 3, 1, 1},  {5, 3, 2, 4},  {2, 2, 9, 7},  {3, 3, 8, 5},  {4, 3, 24, 6},
                           {5, 5, 31, 9}, {7, 2, 50, 8}, {9, 1, 27, 3}, {1, 6, 26, 9}, {7, 7, 8, 40}, {15, 4, 16, 5}};
   size_t turn = 0;
   for (const Shape& s : shapes)
@@ -114,7 +114,8 @@ TEST_P(PlaneFilter, AnchorAtExactMemory) {
       Guarded<Nox8u> src(static_cast<size_t>(step * (down - 1) + 8 * across), edge, misalign),
           dst(static_cast<size_t>(dstStep * (s.height - 1) + 8 * s.width), edge, misalign);
       Guarded<double> k(kernel, edge, misalign);
-      for (int y = 0; y < down; ++y) std::memcpy(src.data() + y * step, &pixels[size_t(y * across)], size_t(8 * across));
+      for (int y = 0; y < down; ++y)
+        std::memcpy(src.data() + y * step, &pixels[size_t(y * across)], size_t(8 * across));
       // The region's first pixel may lie outside what is read.
       const uintptr_t first = reinterpret_cast<uintptr_t>(src.data()) + static_cast<uintptr_t>((s.h - 1 - ay) * step) +
                               static_cast<uintptr_t>((s.w - 1 - ax) * 8);
@@ -204,6 +205,40 @@ TEST_P(PlaneFilter, StatusesInOrder) {
   EXPECT_EQ(noxStsStepErr, about(24, 7, 1));
   EXPECT_EQ(noxStsStepErr, about(0x7FFFFFFF, 0x7FFFFFFF, 0x10000000));
   EXPECT_EQ(3, result);
+}
+
+// The whole road by index forms gives what the plain calls give.
+TEST_P(PlaneFilter, IndexForms) {
+  constexpr int kWidth = 21, kHeight = 13, kStep = kWidth * 4;
+  kit::Random random;
+  std::vector<Nox32f> plane(kWidth * kHeight), kernel(9);
+  random.fill(plane);
+  random.fill(kernel);
+  std::vector<Nox32f> plain(plane.size()), by_index(plane.size());
+  const Nox32f border = 0.5f;
+  for (std::vector<Nox32f>* const out : {&plain, &by_index}) {
+    const bool index = out == &by_index;
+    int spec_bytes = 0, buffer_bytes = 0, other = -1, own = -2;
+    ASSERT_EQ(noxStsNoErr, kit::call(index ? noxiFilterBorderGetSize_Idx : noxiFilterBorderGetSize, 3, 3, kWidth,
+                                     kHeight, 13, 13, 1, &spec_bytes, &buffer_bytes));
+    ASSERT_EQ(kit::call(noxiFilterGetBufSize_64f_C1R_Idx, 3, 3, kWidth, &other),
+              kit::call(noxiFilterGetBufSize_64f_C1R, 3, 3, kWidth, &own));
+    EXPECT_EQ(other, own);
+    std::vector<Nox8u> memory(static_cast<size_t>(spec_bytes)), buffer(static_cast<size_t>(buffer_bytes));
+    auto* const spec = reinterpret_cast<NoxFilterBorderSpec*>(memory.data());
+    if (!index) {
+      ASSERT_EQ(noxStsNoErr, kit::call(noxiFilterBorderInit_32f, kernel.data(), 3, 3, 13, 1, 0, spec));
+      ASSERT_EQ(noxStsNoErr, kit::call(noxiFilterBorder_32f_C1R, plane.data(), kStep, out->data(), kStep, kWidth,
+                                       kHeight, 6, &border, spec, buffer.data()));
+      continue;
+    }
+    ASSERT_EQ(noxStsNoErr, kit::call(noxiFilterBorderInit_32f_Idx, kernel.data() - 2, 2, 3, 3, 13, 1, 0, spec));
+    EXPECT_EQ(noxStsNotSupportedModeErr, kit::call(noxiFilterBorderSetMode_Idx, 0, 1, spec));
+    EXPECT_EQ(noxStsNoErr, kit::call(noxiFilterBorderSetMode_Idx, 0, 0, spec));
+    ASSERT_EQ(noxStsNoErr, kit::call(noxiFilterBorder_32f_C1R_Idx, plane.data() + 7, -7, kStep, out->data() - 3, 3,
+                                     kStep, kWidth, kHeight, 6, &border, spec, buffer.data()));
+  }
+  EXPECT_TRUE(kit::same_bits(plain.data(), by_index.data(), plain.size()));
 }
 
 }  // namespace
