@@ -84,6 +84,7 @@ NOX_INLINE Nox64f add_terms(Nox64f* block, const Nox64f* col_term, Nox32s column
   for (F64x2& x : least) x = F64x2::all(HUGE_VAL);
   Nox32s j = 0;
   for (; columns - j >= 8; j += 8) {
+#pragma GCC unroll 4
     for (Nox32s i = 0; i < 4; ++i) {
       const F64x2 d = (term + F64x2::load(col_term + j + 2 * i)) + F64x2::load(block + j + 2 * i);
       d.store(block + j + 2 * i);
