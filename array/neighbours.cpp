@@ -83,14 +83,15 @@ NOX_INLINE Nox64f add_terms(Nox64f* block, const Nox64f* col_term, Nox32s column
   F64x2 least[4];
   for (F64x2& x : least) x = F64x2::all(HUGE_VAL);
   Nox32s j = 0;
-  for (; columns - j >= 8; j += 8) {
+  if (columns > 0 && !ahead_of(block, col_term, static_cast<Nox32u>(columns)))
+    for (; columns - j >= 8; j += 8) {
 #pragma GCC unroll 4
-    for (Nox32s i = 0; i < 4; ++i) {
-      const F64x2 d = (term + F64x2::load(col_term + j + 2 * i)) + F64x2::load(block + j + 2 * i);
-      d.store(block + j + 2 * i);
-      least[i] = min(d, least[i]);
+      for (Nox32s i = 0; i < 4; ++i) {
+        const F64x2 d = (term + F64x2::load(col_term + j + 2 * i)) + F64x2::load(block + j + 2 * i);
+        d.store(block + j + 2 * i);
+        least[i] = min(d, least[i]);
+      }
     }
-  }
   const F64x2 pair = min(min(least[0], least[1]), min(least[2], least[3]));
   F64x1 all = min(F64x1{pair.v}, F64x1{high_halves(pair, pair).v});
   for (; j < columns; ++j) {

@@ -7,6 +7,7 @@
 #include "nox/core.h"
 #include "nox/filter.h"
 #include "nox/generate.h"
+#include "nox/image.h"
 #include "nox/index.h"
 #include "nox/stats.h"
 #include "nox/status.h"

@@ -1,5 +1,7 @@
 // Packing by stride, index and mask, and bit fields, against their definitions; nothing but what is selected is
 // touched.
+#include <algorithm>
+
 #include "array/layout.hpp"
 
 namespace {
@@ -186,6 +188,52 @@ TEST(ArrayNeighbours, OfBlocksWithFallingWorst) {
       ASSERT_TRUE(kit::same_bits(x.data(), index.data(), index.size()));
       ASSERT_TRUE(kit::same_bits(s.data(), slot.data(), slot.size()));
       ASSERT_TRUE(kit::same_bits(w.data(), worst.data(), worst.size()));
+    }
+  }
+}
+
+// Blocks of columns one after the other give the k least of all, and the block holds the distances afterwards.
+TEST(ArrayNeighbours, OfAllBlocks) {
+  kit::Random random;
+  constexpr S kRows = 3, kCols = 41, kFirst = 18;
+  for (const S k : {1, 2, 5, 40}) {
+    std::vector<Nox64f> block(kRows * kCols), rows(kRows), cols(kCols), full(block.size());
+    random.fill(block);
+    random.fill(rows);
+    random.fill(cols);
+    block[4] = std::nan("");
+    const size_t lists = static_cast<size_t>(kRows * k);
+    kit::Guarded<Nox64f> best(lists), worst(kRows), r(rows), c(cols);
+    kit::Guarded<S> slot(kRows), index(lists);
+    best.fill_with(HUGE_VAL);
+    worst.fill_with(HUGE_VAL);
+    slot.fill_with(0);
+    index.fill_with(-1);
+    for (const S from : {0, kFirst}) {
+      const S count = from == 0 ? kFirst : kCols - kFirst;
+      std::vector<Nox64f> part;
+      for (S i = 0; i < kRows; ++i)
+        for (S j = 0; j < count; ++j) part.push_back(block[static_cast<size_t>(i * kCols + from + j)]);
+      kit::Guarded<Nox64f> b(part);
+      call(InternalCollectK1_64f_Idx, 0, kRows, count, k, from, b.data() - 3, 3, slot.data(), 0, worst.data() + 1, -1,
+           index.data(), 0, best.data() - 2, 2, c.data(), from, r.data(), 0);
+      for (S i = 0; i < kRows; ++i)
+        for (S j = 0; j < count; ++j) {
+          const size_t at = static_cast<size_t>(i * kCols + from + j);
+          full[at] = (rows[static_cast<size_t>(i)] + cols[static_cast<size_t>(from + j)]) + block[at];
+          ASSERT_TRUE(kit::same_value(b[static_cast<size_t>(i * count + j)], full[at]));
+        }
+    }
+    for (S i = 0; i < kRows; ++i) {
+      std::vector<std::pair<Nox64f, S>> all, found;
+      for (S j = 0; j < kCols; ++j)
+        if (const Nox64f d = full[static_cast<size_t>(i * kCols + j)]; !std::isnan(d)) all.push_back({d, j});
+      std::sort(all.begin(), all.end());
+      all.resize(std::min(all.size(), static_cast<size_t>(k)));
+      for (S m = 0; m < k; ++m)
+        if (const size_t at = static_cast<size_t>(i * k + m); index[at] >= 0) found.push_back({best[at], index[at]});
+      std::sort(found.begin(), found.end());
+      EXPECT_EQ(found, all) << "row " << i << ", k " << k;
     }
   }
 }

@@ -56,6 +56,8 @@ class Arguments {
         set(i, 0);  // not the first one again
       } else if (p.name == std::string("tapsType")) {
         set(i, int{NOX_TYPE_64F});
+      } else if (std::string(d.name).rfind("noxiFilter_64f", 0) == 0 && std::string(p.name).find("Step") == 3) {
+        set(i, 64);  // a row of one pixel and its neighbours
       } else if (p.type == Type::Nox64f) {
         set(i, 0.75);
       } else if (p.type == Type::Nox64fc) {

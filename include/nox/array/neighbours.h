@@ -46,24 +46,23 @@ InternalCollectK_64f_Idx(Nox32s rowStart, Nox32s rowCount, Nox32s colCount, Nox3
                          const Nox64f colTerm[], int colTermIdx, const Nox64f rowTerm[], int rowTermIdx);
 
 /**
- * @brief Merges a block of distances into the rows' lists of the k best, tested against the worst distance as it falls.
- * Equal in all builds.
+ * @brief Merges a block of distances into the rows' lists of the k best, for long blocks and small k. Equal in all
+ * builds.
  *
- * First every entry of the block becomes its distance, `rowTerm + colTerm + block`, added in that order. Where a row's
- * least one is below worstDist, its columns are tested in ascending order: where `worstDist > block`, distance and
- * column replace the entry at the row's slot, and worstDist and slot become the list's largest distance and its place,
- * as noxsMaxIndx_64f() finds them. Where none is, neither is written. A NaN never enters.
- *
+ * The block's entries become the full distances, `(rowTerm + colTerm) + block`. A row whose least distance isn't below
+ * its worstDist is then done. In the others each distance below worstDist replaces the entry at the row's slot, and
+ * noxsMaxIndx_64f() finds the next worst one and its place. worstDist follows the list, unlike in
+ * InternalCollectK_64f_Idx().
  * @param rowStart      global number of the block's first row, an offset into the arrays per row
  * @param rowCount      rows in the block; below 1 nothing is done
  * @param colCount      columns in the block
  * @param k             neighbours kept per row
  * @param colStart      global number of the block's first column, added to the column stored
- * @param block         base of rowCount x colCount entries, row by row; takes the distances
+ * @param block         base of rowCount x colCount entries, row by row, overwritten by the distances
  * @param blockIdx      its index
  * @param worstSlot     base of each row's place of its worst entry
  * @param worstSlotIdx  its index
- * @param worstDist     base of each row's value to test against
+ * @param worstDist     base of each row's worst distance, at first above every candidate
  * @param worstDistIdx  its index
  * @param bestIndex     base of k column numbers per row
  * @param bestIndexIdx  its index
