@@ -4,10 +4,10 @@
 // test is met.
 #include "nox/array/neighbours.h"
 
+#include <math.h>
+
 #include "adapters/adapter.hpp"
 #include "array/masks.hpp"
-#include "array/operands.hpp"
-#include "core/reduce.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
@@ -76,26 +76,53 @@ NOX_INLINE void collect(const Row& row, const Nox64f* block, const Nox64f* col_t
   put(row.worst_dist, worst);
 }
 
-// d[j] = (own + columns[j]) + d[j]; returns the least, which no NaN is.
-NOX_INLINE Nox64f complete(Nox64f* d, const Nox64f* columns, Nox64f own, Nox32s count) {
-  const F64x2 term = F64x2::all(own);
-  F64x2 least = F64x2::all(__builtin_inf()), other = least;
+// Adds both terms to a row of the block; returns the least distance, or infinity. A minimum takes its right operand
+// where the left one is a NaN.
+NOX_INLINE Nox64f add_terms(Nox64f* block, const Nox64f* col_term, Nox32s columns, Nox64f row_term) {
+  const F64x2 term = F64x2::all(row_term);
+  F64x2 least[4];
+  for (F64x2& x : least) x = F64x2::all(HUGE_VAL);
   Nox32s j = 0;
-  const auto pair = [&](Nox32s at, F64x2 so_far) {
-    const F64x2 distance = (term + F64x2::load(columns + at)) + F64x2::load(d + at);
-    distance.store(d + at);
-    return min(distance, so_far);
-  };
-  if (count > 0 && !ahead_of(d, columns, static_cast<Nox32u>(count)))
-    for (; count - j >= 4; j += 4) least = pair(j, least), other = pair(j + 2, other);
-  least = min(least, other);
-  F64x1 smallest = min(low(least), upper(least));
-  for (; j < count; ++j) {
-    const F64x1 distance = (low(term) + F64x1::load(columns + j)) + F64x1::load(d + j);
-    distance.store(d + j);
-    smallest = min(distance, smallest);
+  if (columns > 0 && !ahead_of(block, col_term, static_cast<Nox32u>(columns)))
+    for (; columns - j >= 8; j += 8) {
+#pragma GCC unroll 4
+      for (Nox32s i = 0; i < 4; ++i) {
+        const F64x2 d = (term + F64x2::load(col_term + j + 2 * i)) + F64x2::load(block + j + 2 * i);
+        d.store(block + j + 2 * i);
+        least[i] = min(d, least[i]);
+      }
+    }
+  const F64x2 pair = min(min(least[0], least[1]), min(least[2], least[3]));
+  F64x1 all = min(F64x1{pair.v}, F64x1{high_halves(pair, pair).v});
+  for (; j < columns; ++j) {
+    const F64x1 d = (F64x1::all(row_term) + F64x1::load(col_term + j)) + F64x1::load(block + j);
+    d.store(block + j);
+    all = min(d, all);
   }
-  return value_of(smallest);
+  return _mm_cvtsd_f64(all.v);
+}
+
+// The worst distance follows the list as it falls.
+NOX_INLINE void collect_falling(const Row& row, Nox64f* block, const Nox64f* col_term, Nox32s columns, Nox32s k,
+                                Nox32s col_start) {
+  const Nox64f least = add_terms(block, col_term, columns, row.term);
+  Nox64f worst = get(row.worst_dist);
+  if (!(worst > least)) return;
+  int slot = get(row.worst_slot);
+  Nox32s j = 0;
+  const auto test = [&](Nox32s column) {
+    const Nox64f d = get(block + column);
+    if (!(worst > d)) return;
+    put(row.best_dist + slot, d);
+    put(row.best_index + slot, col_start + column);
+    plain_noxsMaxIndx_64f(row.best_dist, k, &worst, &slot);
+  };
+  for (; columns - j >= kColumns; j += kColumns)
+    each_bit(nearer(worst, j, [&](Nox32s i) { return F64x2::load(block + i); }),
+             [&](Nox32u i) { test(j + static_cast<Nox32s>(i)); });
+  for (; j < columns; ++j) test(j);
+  put(row.worst_slot, slot);
+  put(row.worst_dist, worst);
 }
 
 // step(row, its part of the block) for each row.
@@ -134,24 +161,10 @@ void InternalCollectK1_64f_Idx(Nox32s rowStart, Nox32s rowCount, Nox32s colCount
                                int worstDistIdx, Nox32s bestIndex[], int bestIndexIdx, Nox64f bestDist[],
                                int bestDistIdx, const Nox64f colTerm[], int colTermIdx, const Nox64f rowTerm[],
                                int rowTermIdx) {
-  const Nox64f* const columns = at(colTerm, colTermIdx);
-  const auto step = [=](const Row& row, Nox64f* distances) {
-    Nox64f worst = get(row.worst_dist);
-    if (!(worst > complete(distances, columns, row.term, colCount))) return;
-    int slot = get(row.worst_slot);
-    for (Nox32s j = 0; j < colCount; ++j) {
-      const Nox64f distance = get(distances + j);
-      if (!(worst > distance)) continue;
-      put(row.best_dist + slot, distance);
-      put(row.best_index + slot, colStart + j);
-      plain_noxsMaxIndx_64f(row.best_dist, k, &worst, &slot);
-    }
-    put(row.worst_slot, slot);
-    put(row.worst_dist, worst);
-  };
+  const Nox64f* terms = at(colTerm, colTermIdx);
   each_row(rowStart, rowCount, colCount, k, at(block, blockIdx), at(worstSlot, worstSlotIdx),
            at(worstDist, worstDistIdx), at(bestIndex, bestIndexIdx), at(bestDist, bestDistIdx), at(rowTerm, rowTermIdx),
-           step);
+           [=](const Row& row, Nox64f* part) { collect_falling(row, part, terms, colCount, k, colStart); });
 }
 
 }  // extern "C"

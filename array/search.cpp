@@ -316,9 +316,11 @@ void CountGT(const Nox64f x[], Nox64f value, Nox32u* count, Nox32u n) {
   const F64x2 bound = F64x2::all(value);
   __m128i fewer[4] = {};  // the counts of four chains, negative
   Nox32u k = 0;
-  for (; n - k >= 8; k += 8)
+  for (; n - k >= 8; k += 8) {
+#pragma GCC unroll 4
     for (Nox32u i = 0; i < 4; ++i)
       fewer[i] = _mm_add_epi32(fewer[i], _mm_castpd_si128((bound < F64x2::load(x + k + 2 * i)).v));
+  }
   const __m128i pairs = _mm_add_epi32(_mm_add_epi32(fewer[0], fewer[1]), _mm_add_epi32(fewer[2], fewer[3]));
   Nox32u found = 0u - static_cast<Nox32u>(_mm_cvtsi128_si32(_mm_add_epi32(pairs, _mm_srli_si128(pairs, 8))));
   for (; k < n; ++k) found += met(F64x1::all(value) < F64x1::load(x + k));

@@ -4,7 +4,10 @@
 // definitions say; of a complex product or quotient it stands in both parts. A complex value is read through its
 // pointer for each element, for it may lie inside the destination.
 #include "nox/array/value.h"
-#include "array/forward.hpp"
+
+#include <type_traits>
+
+#include "array/operands.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
@@ -24,6 +27,30 @@ NOX_INLINE C64x1 quotient(C64x1 a, C64x1 b) {
   const C64x1 direct = times(a, re_twice(b)), crossed = times(swap_parts(a), im_twice(b));
   const C64x1 product = sub_add(direct, complex<C64x1>(negate(parts(crossed))));
   return times(product, twice(F64x1::all(1.0) / magnitude));
+}
+// The same for two elements, which share the division.
+NOX_INLINE TwoComplex quotient(TwoComplex a, TwoComplex b) {
+  const F64x2 reciprocal = F64x2::all(1.0) / (b.re * b.re + b.im * b.im);
+  return {(a.re * b.re + a.im * b.im) * reciprocal, (a.im * b.re - a.re * b.im) * reciprocal};
+}
+NOX_INLINE TwoComplex with_zero(F64x2 a) { return {a, F64x2::zero()}; }
+NOX_INLINE TwoComplex all_of(C64x1 a) {
+  const F64x2 v = parts(a);
+  return {low_halves(v, v), high_halves(v, v)};
+}
+
+// d[i] = f(s[i]...) two at a time, unless a result changes an operand of a later one.
+template <class F, class... S>
+NOX_INLINE void forward_pairs(Nox64fc* d, Nox32u n, F&& f, const S*... s) {
+  Nox32u i = 0;
+  if ((keeps_unread(d, s, n) && ...)) {
+    for (; n - i >= 2; i += 2) {
+      const TwoComplex r = f(two(s + i)...);
+      complex<C64x1>(low_halves(r.re, r.im)).store(d + i);
+      complex<C64x1>(high_halves(r.re, r.im)).store(d + i + 1);
+    }
+  }
+  for (; i < n; ++i) C64x1(f(one(s + i)...)).store(d + i);
 }
 
 }  // namespace
@@ -90,12 +117,26 @@ void DivideValue(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n) {
       dst, n, [value](auto x) { return decltype(x)::all(value) / x; }, src);
 }
 void DivideValuec(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
-  forward(
-      dst, n, [value](C64x1 x) { return quotient(one(value), x); }, src);
+  if (overlap(dst, n * sizeof *dst, value, sizeof *value))
+    return forward(
+        dst, n, [value](C64x1 x) { return quotient(one(value), x); }, src);
+  const C64x1 constant = one(value);
+  const auto step = [constant](auto x) {
+    if constexpr (std::is_same_v<decltype(x), TwoComplex>)
+      return quotient(all_of(constant), x);
+    else
+      return quotient(constant, x);
+  };
+  forward_pairs(dst, n, step, src);
 }
 void DivideValuecd(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
-  forward(
-      dst, n, [value](C64x1 x) { return quotient(with_zero(value), x); }, src);
+  const auto step = [value](auto x) {
+    if constexpr (std::is_same_v<decltype(x), TwoComplex>)
+      return quotient(with_zero(F64x2::all(value)), x);
+    else
+      return quotient(with_zero(value), x);
+  };
+  forward_pairs(dst, n, step, src);
 }
 void DivideValuedc(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
   forward(
@@ -123,12 +164,12 @@ void DivVeccd(const Nox64fc a[], const Nox64f b[], Nox64fc dst[], Nox32u n) {
       dst, n, [](C64x1 x, F64x1 y) { return over(x, twice(y)); }, a, b);
 }
 void DivVecdc(const Nox64f a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
-  forward(
-      dst, n, [](F64x1 x, C64x1 y) { return quotient(with_zero(x), y); }, a, b);
+  forward_pairs(
+      dst, n, [](auto x, auto y) { return quotient(with_zero(x), y); }, a, b);
 }
 void DivVeccc(const Nox64fc a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
-  forward(
-      dst, n, [](C64x1 x, C64x1 y) { return quotient(x, y); }, a, b);
+  forward_pairs(
+      dst, n, [](auto x, auto y) { return quotient(x, y); }, a, b);
 }
 void ConjMulcc(const Nox64fc a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
   forward(

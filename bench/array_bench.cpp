@@ -104,6 +104,15 @@ NoxStatus neighbours(const Operands* o) {
   return noxStsNoErr;
 }
 
+// The same for the form that rewrites the block: zeros are added, so that it stays as it is.
+NoxStatus falling_neighbours(const Operands* o) {
+  Nox32s slot = 0, index[8] = {};
+  Nox64f worst = 0, best[8] = {}, term = 0;
+  InternalCollectK1_64f_Idx(0, 1, o->len, 8, 0, destination<Nox64f>(o), 0, &slot, 0, &worst, 0, index, 0, best, 0,
+                            first<Nox64f>(o), 0, &term, 0);
+  return noxStsNoErr;
+}
+
 // Masks written are of another type than what is compared, so the rows are of the mask's.
 template <class T>
 Row compared(const char* name, NoxStatus (*call)(const Operands*), int sources, int which, unsigned traits = 0) {
@@ -193,6 +202,7 @@ Family make() {
       row<Nox16s>("BitUnpack_16s", unpack_bits<BitUnpack_16s, Nox16s>, kNoLimit | kMemory),
       row<Nox32s>("BitUnpack_32s", unpack_bits<BitUnpack_32s, Nox32s>, kNoLimit | kMemory),
       row<Nox64f>("InternalCollectK_64f", neighbours, kReads | kMemory, 2).results(1),
+      row<Nox64f>("InternalCollectK1_64f", falling_neighbours, kAccumulates | kMemory).data(kZeros),
   };
   for (Row& r : rows) {
     if (!r.has_c) r.constants(1.5, 0.25);

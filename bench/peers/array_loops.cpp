@@ -281,6 +281,19 @@ void neighbours(const Operands* o) {
   *out<real>(o) = best[0];
 }
 
+PEER_OUT_OF_LINE real least_loop(real* __restrict block, const real* __restrict terms, real term, int columns) {
+  real least = HUGE_VAL;
+  for (int j = 0; j < columns; ++j) {
+    block[j] = term + terms[j] + block[j];
+    if (block[j] < least) least = block[j];
+  }
+  return least;
+}
+void falling_neighbours(const Operands* o) {
+  real worst = 0;
+  if (worst > least_loop(out<real>(o), in<real>(o->a), 0.0, o->len)) __builtin_trap();
+}
+
 const NamedLoop kLoops[] = {
     {"AddValue", With<real, real, real, Plus>::run},
     {"AddValuec", With<complex, complex, complex, Plus>::run},
@@ -358,6 +371,7 @@ const NamedLoop kLoops[] = {
     {"BitUnpack_16s", Move<short>::unpack},
     {"BitUnpack_32s", Move<int>::unpack},
     {"InternalCollectK_64f", neighbours},
+    {"InternalCollectK1_64f", falling_neighbours},
 };
 
 }  // namespace NOX_PEER_SPACE

@@ -151,6 +151,47 @@ TEST(ArrayNeighbours, OfABlock) {
   EXPECT_TRUE(kit::same_bits(d.data(), best.data(), best.size()));
 }
 
+// Blocks one after the other: the worst distance falls, the block takes the distances, rows without a candidate keep
+// slot and worst distance as they are, and a NaN in the list or the block stays out of it all.
+TEST(ArrayNeighbours, OfBlocksWithFallingWorst) {
+  kit::Random random;
+  for (const S columns : {0, 1, 7, 8, 9, 23, 64}) {
+    constexpr S kRows = 4, kBest = 3, kRowStart = 1;
+    std::vector<Nox64f> rows(kRowStart + kRows, 0.1), worst(rows.size(), 1e9), best(rows.size() * kBest, 1e9);
+    std::vector<S> slot(rows.size(), 2), index(best.size(), -1);
+    worst[3] = -1e9, slot[3] = 77;  // a row that nothing enters
+    kit::Guarded<Nox64f> r(rows), w(worst), d(best);
+    kit::Guarded<S> s(slot), x(index);
+    for (S start = 0; start < 3 * columns; start += columns) {
+      std::vector<Nox64f> block(static_cast<size_t>(kRows * columns)), cols(static_cast<size_t>(columns));
+      random.fill(block);
+      random.fill(cols);
+      for (size_t i = 0; i < block.size(); i += 5) block[i] = i % 2 ? std::nan("") : HUGE_VAL;
+      kit::Guarded<Nox64f> b(block), c(cols);
+      for (size_t i = 0; i < kRows; ++i) {
+        const size_t row = kRowStart + i;
+        for (size_t j = 0; j < cols.size(); ++j) {
+          Nox64f& entry = block[i * cols.size() + j];
+          entry = (rows[row] + cols[j]) + entry;
+          if (!(worst[row] > entry)) continue;
+          best[row * kBest + static_cast<size_t>(slot[row])] = entry;
+          index[row * kBest + static_cast<size_t>(slot[row])] = start + static_cast<S>(j);
+          const auto first = best.begin() + static_cast<std::ptrdiff_t>(row * kBest);
+          slot[row] = static_cast<S>(std::max_element(first, first + kBest) - first);
+          worst[row] = first[slot[row]];
+        }
+      }
+      call(InternalCollectK1_64f_Idx, kRowStart, kRows, columns, kBest, start, b.data() + 2, -2, s.data(), 0,
+           w.data() - 1, 1, x.data(), 0, d.data() + 3, -3, c.data(), 0, r.data(), 0);
+      ASSERT_TRUE(kit::same_values(b.data(), block.data(), block.size()));
+      ASSERT_TRUE(kit::same_bits(d.data(), best.data(), best.size()));
+      ASSERT_TRUE(kit::same_bits(x.data(), index.data(), index.size()));
+      ASSERT_TRUE(kit::same_bits(s.data(), slot.data(), slot.size()));
+      ASSERT_TRUE(kit::same_bits(w.data(), worst.data(), worst.size()));
+    }
+  }
+}
+
 // Blocks of columns one after the other give the k least of all, and the block holds the distances afterwards.
 TEST(ArrayNeighbours, OfAllBlocks) {
   kit::Random random;
@@ -161,7 +202,6 @@ TEST(ArrayNeighbours, OfAllBlocks) {
     random.fill(rows);
     random.fill(cols);
     block[4] = std::nan("");
-    block[10] = block[9], cols[10] = cols[9];
     const size_t lists = static_cast<size_t>(kRows * k);
     kit::Guarded<Nox64f> best(lists), worst(kRows), r(rows), c(cols);
     kit::Guarded<S> slot(kRows), index(lists);

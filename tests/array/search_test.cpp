@@ -109,6 +109,43 @@ TEST(ArraySearch, AMaskOverItsSource) {
   EXPECT_EQ(x, y);
 }
 
+// Lists and masks that begin inside their source, or in front of it, are those of the loop; 60 elements are several
+// vectors of every type, and dense enough for each position to be read after it may have been written.
+TEST(ArraySearch, OverItsSource) {
+  kit::Random random;
+  for (const int by : {-3, -1, 0, 1, 3, 20})
+    for (const U code : {1u, 5u}) {
+      SCOPED_TRACE(testing::Message() << "code " << code << ", by " << by);
+      constexpr U kLength = 60;
+      std::vector<Nox32s> x(128), expected;
+      for (Nox32s& e : x) e = static_cast<Nox32s>(random.integer(0, 2));
+      expected = x;
+      Nox32s *s = expected.data() + 30, *d = s + by;
+      U count = 0, found = 99;
+      for (U k = 0; k < kLength; ++k)
+        if (related<Nox32s>(code, s[k], 1)) d[count++] = static_cast<Nox32s>(k);
+      std::vector<Nox32s> listed = x;
+      FindIndexesC_32s_Idx(code, listed.data(), 30, 1, reinterpret_cast<U*>(listed.data()), 30 + by, kLength, &found);
+      EXPECT_EQ(found, count);
+      EXPECT_EQ(listed, expected);
+
+      expected = x, s = expected.data() + 30, d = s + by, count = 0;
+      std::vector<U> places(kLength);
+      std::vector<Nox32s> gathered = x;
+      for (U k = 0; k < kLength; ++k)
+        if (related<Nox32s>(code, s[k], 1)) d[count++] = s[k];
+      FindAndGatherC_32s_Idx(code, gathered.data(), 30, 1, places.data(), 0, gathered.data(), 30 + by, kLength, &found);
+      EXPECT_EQ(found, count);
+      EXPECT_EQ(gathered, expected);
+
+      expected = x, s = expected.data() + 30, d = s + by;
+      std::vector<Nox32s> masked = x;
+      for (U k = 0; k < kLength; ++k) d[k] = related<Nox32s>(code, s[k], 1);
+      FindMaskC_32s_Idx(code, masked.data(), 30, 1, masked.data(), 30 + by, kLength);
+      EXPECT_EQ(masked, expected);
+    }
+}
+
 TEST(ArraySearch, CountAboveAValue) {
   kit::Random random;
   for (const U n : {0u, 1u, 3u, 4u, 5u, 64u, 67u}) {
