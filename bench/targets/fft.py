@@ -14,7 +14,7 @@ def orders(low, high):
 
 def own(name):
     """The row of this name at the same order."""
-    return against_row(lambda row: (re.sub(r".*(?= order)", name, row.name), "aligned"))
+    return against_row(lambda row: (re.sub(r".*(?= order)", name, row.name, count=1), "aligned"))
 
 
 COMPLEX = r"complex FFT( in place)? order \d+"
