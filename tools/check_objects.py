@@ -58,6 +58,8 @@ def read_functions(path):
     function = None
     for line in output_of("objdump", "-drw", "--no-show-raw-insn", path).splitlines():
         if m := re.match(r"[0-9a-f]+ <(.*)>:$", line):
+            if function and m[1].startswith(".L"):  # a place inside it that a table of jumps names
+                continue
             if function:
                 yield function
             function = Function(m[1])

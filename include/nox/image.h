@@ -9,9 +9,6 @@
 
 NOX_BEGIN_DECLS
 
-/** Spec of the filter with border, in memory of the caller. */
-typedef struct NoxFilterBorderSpec NoxFilterBorderSpec;
-
 /** Border types: one of the first three, plus those of the others whose side has its pixels in memory. */
 enum NoxBorderType {
   noxBorderRepl = 1,         /**< the nearest edge pixel */

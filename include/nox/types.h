@@ -113,4 +113,7 @@ typedef struct NoxRandGaussState_32f NoxRandGaussState_32f;
 /** Record of normally distributed Nox64f values. */
 typedef struct NoxRandGaussState_64f NoxRandGaussState_64f;
 
+/** Spec of the filter with border, in memory of the caller. */
+typedef struct NoxFilterBorderSpec NoxFilterBorderSpec;
+
 #endif
