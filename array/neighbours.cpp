@@ -22,17 +22,12 @@ struct Row {
   Nox64f term;
 };
 
-NOX_INLINE void put(Nox64f* p, Nox64f x) { F64x1::all(x).store(p); }
-NOX_INLINE void put(Nox32s* p, Nox32s x) { IntOne<Nox32s>{x}.store(p); }
-NOX_INLINE Nox64f get(const Nox64f* p) { return _mm_cvtsd_f64(F64x1::load(p).v); }
-NOX_INLINE Nox32s get(const Nox32s* p) { return IntOne<Nox32s>::load(p).v; }
-
 // The place of the largest, of equal ones the first.
 NOX_INLINE Nox32s largest(const Nox64f* list, Nox32s k) {
   Nox32s slot = 0;
-  Nox64f most = get(list);
+  Nox64f most = element_at(list);
   for (Nox32s i = 1; i < k; ++i) {
-    const Nox64f x = get(list + i);
+    const Nox64f x = element_at(list + i);
     if (x > most) most = x, slot = i;
   }
   return slot;
@@ -52,15 +47,17 @@ NOX_INLINE Nox32u nearer(Nox64f worst, Nox32s j, Of&& of) {
 // The worst distance stands for the whole row, however far the list falls below it.
 NOX_INLINE void collect(const Row& row, const Nox64f* block, const Nox64f* col_term, Nox32s columns, Nox32s k,
                         Nox32s col_start) {
-  const Nox64f worst = get(row.worst_dist);
-  Nox32s slot = get(row.worst_slot), j = 0;
+  const Nox64f worst = element_at(row.worst_dist);
+  Nox32s slot = element_at(row.worst_slot), j = 0;
   const F64x2 term = F64x2::all(row.term);
   const auto enter = [&](Nox32s column, Nox64f d) {
-    put(row.best_dist + slot, d);
-    put(row.best_index + slot, col_start + column);
+    put_element(row.best_dist + slot, d);
+    put_element(row.best_index + slot, col_start + column);
     slot = largest(row.best_dist, k);
   };
-  const auto distance = [&](Nox32s column) { return (row.term + get(block + column)) + get(col_term + column); };
+  const auto distance = [&](Nox32s column) {
+    return (row.term + element_at(block + column)) + element_at(col_term + column);
+  };
   for (; columns - j >= kColumns; j += kColumns) {
     const auto of = [&](Nox32s i) { return (term + F64x2::load(block + i)) + F64x2::load(col_term + i); };
     each_bit(nearer(worst, j, of), [&](Nox32u i) {
@@ -72,8 +69,8 @@ NOX_INLINE void collect(const Row& row, const Nox64f* block, const Nox64f* col_t
     const Nox64f d = distance(j);
     if (worst > d) enter(j, d);
   }
-  put(row.worst_slot, slot);
-  put(row.worst_dist, worst);
+  put_element(row.worst_slot, slot);
+  put_element(row.worst_dist, worst);
 }
 
 // Adds both terms to a row of the block; returns the least distance, or infinity. A minimum takes its right operand
@@ -106,23 +103,23 @@ NOX_INLINE Nox64f add_terms(Nox64f* block, const Nox64f* col_term, Nox32s column
 NOX_INLINE void collect_falling(const Row& row, Nox64f* block, const Nox64f* col_term, Nox32s columns, Nox32s k,
                                 Nox32s col_start) {
   const Nox64f least = add_terms(block, col_term, columns, row.term);
-  Nox64f worst = get(row.worst_dist);
+  Nox64f worst = element_at(row.worst_dist);
   if (!(worst > least)) return;
-  int slot = get(row.worst_slot);
+  int slot = element_at(row.worst_slot);
   Nox32s j = 0;
   const auto test = [&](Nox32s column) {
-    const Nox64f d = get(block + column);
+    const Nox64f d = element_at(block + column);
     if (!(worst > d)) return;
-    put(row.best_dist + slot, d);
-    put(row.best_index + slot, col_start + column);
+    put_element(row.best_dist + slot, d);
+    put_element(row.best_index + slot, col_start + column);
     plain_noxsMaxIndx_64f(row.best_dist, k, &worst, &slot);
   };
   for (; columns - j >= kColumns; j += kColumns)
     each_bit(nearer(worst, j, [&](Nox32s i) { return F64x2::load(block + i); }),
              [&](Nox32u i) { test(j + static_cast<Nox32s>(i)); });
   for (; j < columns; ++j) test(j);
-  put(row.worst_slot, slot);
-  put(row.worst_dist, worst);
+  put_element(row.worst_slot, slot);
+  put_element(row.worst_dist, worst);
 }
 
 // step(row, its part of the block) for each row.
@@ -132,7 +129,7 @@ NOX_INLINE void each_row(Nox32s row_start, Nox32s rows, Nox32s columns, Nox32s k
                          Step&& step) {
   for (Nox32s i = 0; i < rows; ++i) {
     const Nox32s g = row_start + i;
-    step(Row{worst_slot + g, worst_dist + g, best_index + g * k, best_dist + g * k, get(row_term + g)},
+    step(Row{worst_slot + g, worst_dist + g, best_index + g * k, best_dist + g * k, element_at(row_term + g)},
          block + i * columns);
   }
 }

@@ -169,7 +169,7 @@ NoxStatus NOX_BODY(noxsCrossCorrNormGetBufferSize)(int src1Len, int src2Len, int
   if (!pBufferSize) return noxStsNullPtrErr;
   if (src1Len < 1 || src2Len < 1 || dstLen < 1) return noxStsSizeErr;
   if (const NoxStatus st = check_query(algType)) return st;
-  const Nox64u element = correlated_bytes(dataType);
+  const Nox64u element = element_bytes(dataType);
   *pBufferSize = 0;
   if (element == 0) return noxStsDataTypeErr;
   const CorrelationPlan plan(src1Len, src2Len, dstLen, lowLag, dataType, algType);

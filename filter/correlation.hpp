@@ -1,6 +1,7 @@
 // What auto and cross correlation share: the fields of algType, the queries' types, normalisation.
 #pragma once
 #include "core/body.hpp"
+#include "filter/elements.hpp"
 #include "filter/sliding.hpp"
 #include "filter/spectral.hpp"
 #include "nox/filter.h"
@@ -15,14 +16,6 @@ NOX_INLINE NoxStatus check_query(int algType) {
   return norm_of(algType) > NOX_NORM_B >> 8 || method_of(algType) > NOX_ALG_FFT ? noxStsAlgTypeErr : noxStsNoErr;
 }
 
-// Bytes of an element by its type code; 0 for the codes that have no correlation.
-constexpr Nox64u correlated_bytes(int type) {
-  return type == NOX_TYPE_32F    ? sizeof(Nox32f)
-         : type == NOX_TYPE_64F  ? sizeof(Nox64f)
-         : type == NOX_TYPE_32FC ? sizeof(Nox32fc)
-         : type == NOX_TYPE_64FC ? sizeof(Nox64fc)
-                                 : 0;
-}
 constexpr bool is_complex_type(int type) { return type == NOX_TYPE_32FC || type == NOX_TYPE_64FC; }
 
 // The answer of a query that transforms, by the kind of data.

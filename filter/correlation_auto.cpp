@@ -70,7 +70,7 @@ NoxStatus NOX_BODY(noxsAutoCorrNormGetBufferSize)(int srcLen, int dstLen, int da
   if (!pBufferSize) return noxStsNullPtrErr;
   if (srcLen < 1 || dstLen < 1) return noxStsSizeErr;
   if (const NoxStatus st = check_query(algType)) return st;
-  const Nox64u element = correlated_bytes(dataType);
+  const Nox64u element = element_bytes(dataType);
   *pBufferSize = 0;
   if (element == 0) return noxStsDataTypeErr;
   if (!transforms(lags_of(srcLen, dstLen), dataType, algType)) {
