@@ -246,6 +246,75 @@ NOX_API(NoxStatus) noxsDCTInv_64f_I_Idx(Nox64f pSrcDst[], int srcDstIdx, NoxDctH
  */
 NOX_API(void) noxsDCTFree_64f_Idx(NoxDctHandle* pHandle);
 
+/**
+ * @brief Fills an array with normally distributed values of a stream started for this call alone.
+ * @param pDst    base of the destination
+ * @param dstIdx  index of its first element
+ * @param len     number of elements
+ * @param mean    mean of the values
+ * @param stdDev  their standard deviation
+ * @param pSeed   the seed, which is read and not changed: the same one gives the same values again
+ * @return ::noxStsNullPtrErr for a null pSeed or address, or where there is no memory for the record, then
+ *         ::noxStsSizeErr for @p len below 1; otherwise ::noxStsNoErr
+ */
+NOX_API(NoxStatus)
+noxsRandGauss_Direct_64f_Idx(Nox64f pDst[], int dstIdx, int len, Nox64f mean, Nox64f stdDev,
+                             const unsigned int* pSeed);
+
+/**
+ * @brief Fills an array with uniform values of a stream started for this call alone.
+ * @param pDst    base of the destination
+ * @param dstIdx  index of its first element
+ * @param len     number of elements
+ * @param low     lower end of the range
+ * @param high    upper end of the range
+ * @param pSeed   the seed, which is read and not changed: the same one gives the same values again
+ * @return as noxsRandGauss_Direct_64f_Idx()
+ */
+NOX_API(NoxStatus)
+noxsRandUniform_Direct_64f_Idx(Nox64f pDst[], int dstIdx, int len, Nox64f low, Nox64f high,
+                               const unsigned int* pSeed);
+
+/**
+ * @brief Larger of two elements, `pDst[i] = max(pSrc1[i], pSrc2[i])`; may be in place. Equal in all builds.
+ *
+ * Goes by the scalar loop from index 0 on: overlapping arrays feed results back as that does. No pointer is tested.
+ *
+ * @param pSrc1    base of the first source
+ * @param src1Idx  index of its first element
+ * @param pSrc2    base of the second source
+ * @param src2Idx  index of its first element
+ * @param pDst     base of the destination
+ * @param dstIdx   index of its first element
+ * @param len      number of elements; for 0 nothing is done
+ * @return ::noxStsSizeErr for @p len below 0; otherwise ::noxStsNoErr
+ */
+NOX_API(NoxStatus)
+noxsMaxEvery_16s_Idx(const Nox16s pSrc1[], int src1Idx, const Nox16s pSrc2[], int src2Idx, Nox16s pDst[], int dstIdx,
+                     int len);
+/** @copydoc noxsMaxEvery_16s_Idx */
+NOX_API(NoxStatus)
+noxsMaxEvery_32s_Idx(const Nox32s pSrc1[], int src1Idx, const Nox32s pSrc2[], int src2Idx, Nox32s pDst[], int dstIdx,
+                     int len);
+/**
+ * @brief Smaller of two elements, `pDst[i] = min(pSrc1[i], pSrc2[i])`; otherwise noxsMaxEvery_16s_Idx().
+ * @param pSrc1    base of the first source
+ * @param src1Idx  index of its first element
+ * @param pSrc2    base of the second source
+ * @param src2Idx  index of its first element
+ * @param pDst     base of the destination; may be a source
+ * @param dstIdx   index of its first element
+ * @param len      number of elements; for 0 nothing is done
+ * @return ::noxStsSizeErr for @p len below 0; otherwise ::noxStsNoErr
+ */
+NOX_API(NoxStatus)
+noxsMinEvery_16s_Idx(const Nox16s pSrc1[], int src1Idx, const Nox16s pSrc2[], int src2Idx, Nox16s pDst[], int dstIdx,
+                     int len);
+/** @copydoc noxsMinEvery_16s_Idx */
+NOX_API(NoxStatus)
+noxsMinEvery_32s_Idx(const Nox32s pSrc1[], int src1Idx, const Nox32s pSrc2[], int src2Idx, Nox32s pDst[], int dstIdx,
+                     int len);
+
 NOX_END_DECLS
 
 #endif
