@@ -1,8 +1,9 @@
 // The larger or the smaller of two signed integers at every place, for the two index forms without a primitive.
+#include "nox/array/every.h"
+
 #include "adapters/adapter.hpp"
 #include "array/operands.hpp"
 #include "core/simd/ints_wide.hpp"
-#include "nox/adapters.h"
 
 namespace nox {
 inline namespace NOX_VARIANT {
@@ -32,16 +33,16 @@ using namespace nox;
 
 extern "C" {
 
-NoxStatus noxsMaxEvery_16s_Idx(const Nox16s* a, int ai, const Nox16s* b, int bi, Nox16s* d, int di, int len) {
+NoxStatus NOX_BODY(noxsMaxEvery_16s_Idx)(const Nox16s* a, int ai, const Nox16s* b, int bi, Nox16s* d, int di, int len) {
   return every(larger, at(a, ai), at(b, bi), at(d, di), len);
 }
-NoxStatus noxsMaxEvery_32s_Idx(const Nox32s* a, int ai, const Nox32s* b, int bi, Nox32s* d, int di, int len) {
+NoxStatus NOX_BODY(noxsMaxEvery_32s_Idx)(const Nox32s* a, int ai, const Nox32s* b, int bi, Nox32s* d, int di, int len) {
   return every(larger, at(a, ai), at(b, bi), at(d, di), len);
 }
-NoxStatus noxsMinEvery_16s_Idx(const Nox16s* a, int ai, const Nox16s* b, int bi, Nox16s* d, int di, int len) {
+NoxStatus NOX_BODY(noxsMinEvery_16s_Idx)(const Nox16s* a, int ai, const Nox16s* b, int bi, Nox16s* d, int di, int len) {
   return every(smaller, at(a, ai), at(b, bi), at(d, di), len);
 }
-NoxStatus noxsMinEvery_32s_Idx(const Nox32s* a, int ai, const Nox32s* b, int bi, Nox32s* d, int di, int len) {
+NoxStatus NOX_BODY(noxsMinEvery_32s_Idx)(const Nox32s* a, int ai, const Nox32s* b, int bi, Nox32s* d, int di, int len) {
   return every(smaller, at(a, ai), at(b, bi), at(d, di), len);
 }
 

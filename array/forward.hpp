@@ -4,6 +4,7 @@
 // scalar loop itself. Two real results make a vector: they are formed one at a time only where the destination begins
 // inside a source, for then a result is the operand of a later one.
 #pragma once
+#include "array_bodies.hpp"
 #include "core/body.hpp"
 
 namespace nox {

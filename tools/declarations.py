@@ -9,6 +9,8 @@ from pathlib import Path
 
 # Index forms whose name isn't the primitive's with _Idx behind it.
 INDEX_NAME = {"noxsCopyLE_1u": "noxsCopy_1u_Idx"}
+# Exports that are one function with another.
+ONE_WITH = {"MinIndx_8u_Idx": "MaxIndx_8u_Idx"}
 # Functions of the array layer that have none in spite of their arrays.
 WITHOUT_INDEX_FORM = ("Powc", "Rampd")
 
@@ -44,6 +46,11 @@ class Function:
     @property
     def dispatched(self):
         return bool(re.match(r"nox[si][A-Z]", self.name)) and not self.name.endswith("_Idx")
+
+    @property
+    def in_array_builds(self):
+        """Whether its body stands in the builds of the array layer."""
+        return self.header.startswith("nox/array/")
 
     @property
     def array_layer(self):
