@@ -75,7 +75,8 @@ using namespace nox;
 
 extern "C" {
 
-void NOX_BODY(HistogramCount)(const Nox64f src[], Nox64f scale, Nox64f offset, Nox32u bins[], Nox32s binCount, Nox32u n) {
+void NOX_BODY(HistogramCount)(const Nox64f src[], Nox64f scale, Nox64f offset, Nox32u bins[], Nox32s binCount,
+                              Nox32u n) {
   histogram(src, scale, offset, binCount, n, [bins](Nox32s bin, Nox32u) { ++bins[bin]; });
 }
 void NOX_BODY(HistogramSum)(const Nox64f src[], Nox64f scale, Nox64f offset, Nox64f bins[], Nox32s binCount, Nox32u n) {

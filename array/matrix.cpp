@@ -102,19 +102,20 @@ using namespace nox;
 
 extern "C" {
 
-void NOX_BODY(TransposeMatrix)(const Nox64f src[], Nox64f dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(TransposeMatrix)(const Nox64f src[], Nox64f dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                               Nox32s dstStride) {
   transpose(src, dst, rows, cols, srcStride, dstStride, Keep{});
 }
 void NOX_BODY(TransposeSquareMatrix)(Nox64f m[], Nox32u n, Nox32s stride) { transpose_in_place(m, n, stride, Keep{}); }
-void NOX_BODY(UpperTriangle)(const Nox64f src[], Nox64f dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                   Nox32s diagonal) {
+void NOX_BODY(UpperTriangle)(const Nox64f src[], Nox64f dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                             Nox32s dstStride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
 void NOX_BODY(ZeroUpperTriangle)(Nox64f m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, clear_row(m, stride));
 }
-void NOX_BODY(LowerTriangle)(const Nox64f src[], Nox64f dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                   Nox32s diagonal) {
+void NOX_BODY(LowerTriangle)(const Nox64f src[], Nox64f dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                             Nox32s dstStride, Nox32s diagonal) {
   each_lower(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
 void NOX_BODY(ZeroLowerTriangle)(Nox64f m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
@@ -126,29 +127,32 @@ void NOX_BODY(RowExchange)(Nox64f m[], Nox32u row1, Nox32u row2, Nox32u cols, No
 void NOX_BODY(ColExchange)(Nox64f m[], Nox32u col1, Nox32u col2, Nox32u rows, Nox32s stride) {
   exchange(m + col1, m + col2, rows, stride);
 }
-void NOX_BODY(CopySubMatrix)(const Nox64f src[], Nox64f dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow, Nox32u dstCol,
-                   Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(CopySubMatrix)(const Nox64f src[], Nox64f dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow,
+                             Nox32u dstCol, Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
   copy_block(element(src, srcRow, srcStride, srcCol), element(dst, dstRow, dstStride, dstCol), rows, cols, srcStride,
              dstStride);
 }
-void NOX_BODY(ResizeMatrix)(const Nox64f src[], Nox64f dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(ResizeMatrix)(const Nox64f src[], Nox64f dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                            Nox32s dstStride) {
   copy_block(src, dst, rows, cols, srcStride, dstStride);
 }
 
 void NOX_BODY(TransposeMatrixc)(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
-                      Nox32s dstStride) {
+                                Nox32s dstStride) {
   transpose(src, dst, rows, cols, srcStride, dstStride, Keep{});
 }
-void NOX_BODY(TransposeSquareMatrixc)(Nox64fc m[], Nox32u n, Nox32s stride) { transpose_in_place(m, n, stride, Keep{}); }
-void NOX_BODY(UpperTrianglec)(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                    Nox32s diagonal) {
+void NOX_BODY(TransposeSquareMatrixc)(Nox64fc m[], Nox32u n, Nox32s stride) {
+  transpose_in_place(m, n, stride, Keep{});
+}
+void NOX_BODY(UpperTrianglec)(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                              Nox32s dstStride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
 void NOX_BODY(ZeroUpperTrianglec)(Nox64fc m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, clear_row(m, stride));
 }
-void NOX_BODY(LowerTrianglec)(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                    Nox32s diagonal) {
+void NOX_BODY(LowerTrianglec)(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                              Nox32s dstStride, Nox32s diagonal) {
   each_lower(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
 void NOX_BODY(ZeroLowerTrianglec)(Nox64fc m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
@@ -160,28 +164,32 @@ void NOX_BODY(RowExchangec)(Nox64fc m[], Nox32u row1, Nox32u row2, Nox32u cols, 
 void NOX_BODY(ColExchangec)(Nox64fc m[], Nox32u col1, Nox32u col2, Nox32u rows, Nox32s stride) {
   exchange(m + col1, m + col2, rows, stride);
 }
-void NOX_BODY(CopySubMatrixc)(const Nox64fc src[], Nox64fc dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow, Nox32u dstCol,
-                    Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(CopySubMatrixc)(const Nox64fc src[], Nox64fc dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow,
+                              Nox32u dstCol, Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
   copy_block(element(src, srcRow, srcStride, srcCol), element(dst, dstRow, dstStride, dstCol), rows, cols, srcStride,
              dstStride);
 }
-void NOX_BODY(ResizeMatrixc)(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(ResizeMatrixc)(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                             Nox32s dstStride) {
   copy_block(src, dst, rows, cols, srcStride, dstStride);
 }
 
-void NOX_BODY(TransposeMatrix_8u)(const Nox8u src[], Nox8u dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(TransposeMatrix_8u)(const Nox8u src[], Nox8u dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                  Nox32s dstStride) {
   transpose(src, dst, rows, cols, srcStride, dstStride, Keep{});
 }
-void NOX_BODY(TransposeSquareMatrix_8u)(Nox8u m[], Nox32u n, Nox32s stride) { transpose_in_place(m, n, stride, Keep{}); }
-void NOX_BODY(UpperTriangle_8u)(const Nox8u src[], Nox8u dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                      Nox32s diagonal) {
+void NOX_BODY(TransposeSquareMatrix_8u)(Nox8u m[], Nox32u n, Nox32s stride) {
+  transpose_in_place(m, n, stride, Keep{});
+}
+void NOX_BODY(UpperTriangle_8u)(const Nox8u src[], Nox8u dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                Nox32s dstStride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
 void NOX_BODY(ZeroUpperTriangle_8u)(Nox8u m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, clear_row(m, stride));
 }
-void NOX_BODY(LowerTriangle_8u)(const Nox8u src[], Nox8u dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                      Nox32s diagonal) {
+void NOX_BODY(LowerTriangle_8u)(const Nox8u src[], Nox8u dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                Nox32s dstStride, Nox32s diagonal) {
   each_lower(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
 void NOX_BODY(ZeroLowerTriangle_8u)(Nox8u m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
@@ -193,29 +201,32 @@ void NOX_BODY(RowExchange_8u)(Nox8u m[], Nox32u row1, Nox32u row2, Nox32u cols, 
 void NOX_BODY(ColExchange_8u)(Nox8u m[], Nox32u col1, Nox32u col2, Nox32u rows, Nox32s stride) {
   exchange(m + col1, m + col2, rows, stride);
 }
-void NOX_BODY(CopySubMatrix_8u)(const Nox8u src[], Nox8u dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow, Nox32u dstCol,
-                      Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(CopySubMatrix_8u)(const Nox8u src[], Nox8u dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow,
+                                Nox32u dstCol, Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
   copy_block(element(src, srcRow, srcStride, srcCol), element(dst, dstRow, dstStride, dstCol), rows, cols, srcStride,
              dstStride);
 }
-void NOX_BODY(ResizeMatrix_8u)(const Nox8u src[], Nox8u dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(ResizeMatrix_8u)(const Nox8u src[], Nox8u dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                               Nox32s dstStride) {
   copy_block(src, dst, rows, cols, srcStride, dstStride);
 }
 
 void NOX_BODY(TransposeMatrix_16s)(const Nox16s src[], Nox16s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
-                         Nox32s dstStride) {
+                                   Nox32s dstStride) {
   transpose(src, dst, rows, cols, srcStride, dstStride, Keep{});
 }
-void NOX_BODY(TransposeSquareMatrix_16s)(Nox16s m[], Nox32u n, Nox32s stride) { transpose_in_place(m, n, stride, Keep{}); }
-void NOX_BODY(UpperTriangle_16s)(const Nox16s src[], Nox16s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                       Nox32s diagonal) {
+void NOX_BODY(TransposeSquareMatrix_16s)(Nox16s m[], Nox32u n, Nox32s stride) {
+  transpose_in_place(m, n, stride, Keep{});
+}
+void NOX_BODY(UpperTriangle_16s)(const Nox16s src[], Nox16s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                 Nox32s dstStride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
 void NOX_BODY(ZeroUpperTriangle_16s)(Nox16s m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, clear_row(m, stride));
 }
-void NOX_BODY(LowerTriangle_16s)(const Nox16s src[], Nox16s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                       Nox32s diagonal) {
+void NOX_BODY(LowerTriangle_16s)(const Nox16s src[], Nox16s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                 Nox32s dstStride, Nox32s diagonal) {
   each_lower(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
 void NOX_BODY(ZeroLowerTriangle_16s)(Nox16s m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
@@ -227,29 +238,32 @@ void NOX_BODY(RowExchange_16s)(Nox16s m[], Nox32u row1, Nox32u row2, Nox32u cols
 void NOX_BODY(ColExchange_16s)(Nox16s m[], Nox32u col1, Nox32u col2, Nox32u rows, Nox32s stride) {
   exchange(m + col1, m + col2, rows, stride);
 }
-void NOX_BODY(CopySubMatrix_16s)(const Nox16s src[], Nox16s dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow, Nox32u dstCol,
-                       Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(CopySubMatrix_16s)(const Nox16s src[], Nox16s dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow,
+                                 Nox32u dstCol, Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
   copy_block(element(src, srcRow, srcStride, srcCol), element(dst, dstRow, dstStride, dstCol), rows, cols, srcStride,
              dstStride);
 }
-void NOX_BODY(ResizeMatrix_16s)(const Nox16s src[], Nox16s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(ResizeMatrix_16s)(const Nox16s src[], Nox16s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                Nox32s dstStride) {
   copy_block(src, dst, rows, cols, srcStride, dstStride);
 }
 
 void NOX_BODY(TransposeMatrix_32s)(const Nox32s src[], Nox32s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
-                         Nox32s dstStride) {
+                                   Nox32s dstStride) {
   transpose(src, dst, rows, cols, srcStride, dstStride, Keep{});
 }
-void NOX_BODY(TransposeSquareMatrix_32s)(Nox32s m[], Nox32u n, Nox32s stride) { transpose_in_place(m, n, stride, Keep{}); }
-void NOX_BODY(UpperTriangle_32s)(const Nox32s src[], Nox32s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                       Nox32s diagonal) {
+void NOX_BODY(TransposeSquareMatrix_32s)(Nox32s m[], Nox32u n, Nox32s stride) {
+  transpose_in_place(m, n, stride, Keep{});
+}
+void NOX_BODY(UpperTriangle_32s)(const Nox32s src[], Nox32s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                 Nox32s dstStride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
 void NOX_BODY(ZeroUpperTriangle_32s)(Nox32s m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, clear_row(m, stride));
 }
-void NOX_BODY(LowerTriangle_32s)(const Nox32s src[], Nox32s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                       Nox32s diagonal) {
+void NOX_BODY(LowerTriangle_32s)(const Nox32s src[], Nox32s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                 Nox32s dstStride, Nox32s diagonal) {
   each_lower(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
 void NOX_BODY(ZeroLowerTriangle_32s)(Nox32s m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
@@ -261,17 +275,18 @@ void NOX_BODY(RowExchange_32s)(Nox32s m[], Nox32u row1, Nox32u row2, Nox32u cols
 void NOX_BODY(ColExchange_32s)(Nox32s m[], Nox32u col1, Nox32u col2, Nox32u rows, Nox32s stride) {
   exchange(m + col1, m + col2, rows, stride);
 }
-void NOX_BODY(CopySubMatrix_32s)(const Nox32s src[], Nox32s dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow, Nox32u dstCol,
-                       Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(CopySubMatrix_32s)(const Nox32s src[], Nox32s dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow,
+                                 Nox32u dstCol, Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
   copy_block(element(src, srcRow, srcStride, srcCol), element(dst, dstRow, dstStride, dstCol), rows, cols, srcStride,
              dstStride);
 }
-void NOX_BODY(ResizeMatrix_32s)(const Nox32s src[], Nox32s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(ResizeMatrix_32s)(const Nox32s src[], Nox32s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                Nox32s dstStride) {
   copy_block(src, dst, rows, cols, srcStride, dstStride);
 }
 
 void NOX_BODY(AdjungateMatrixc)(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
-                      Nox32s dstStride) {
+                                Nox32s dstStride) {
   transpose(src, dst, rows, cols, srcStride, dstStride, Conjugate{});
 }
 void NOX_BODY(AdjungateSquareMatrixc)(Nox64fc m[], Nox32u n, Nox32s stride) {

@@ -92,10 +92,18 @@ void NOX_BODY(CumSum_8u)(const Nox8u src[], Nox8u dst[], Nox32u n) { running_sum
 void NOX_BODY(CumSum_16s)(const Nox16s src[], Nox16s dst[], Nox32u n) { running_sum(src, dst, n); }
 void NOX_BODY(CumSum_32s)(const Nox32s src[], Nox32s dst[], Nox32u n) { running_sum(src, dst, n); }
 void NOX_BODY(CumSumDelta)(const Nox64f src[], Nox64f dst[], Nox32u n, Nox32u delta) { lagged_sum(src, dst, n, delta); }
-void NOX_BODY(CumSumDeltac)(const Nox64fc src[], Nox64fc dst[], Nox32u n, Nox32u delta) { lagged_sum(src, dst, n, delta); }
-void NOX_BODY(CumSumDelta_8u)(const Nox8u src[], Nox8u dst[], Nox32u n, Nox32u delta) { lagged_sum(src, dst, n, delta); }
-void NOX_BODY(CumSumDelta_16s)(const Nox16s src[], Nox16s dst[], Nox32u n, Nox32u delta) { lagged_sum(src, dst, n, delta); }
-void NOX_BODY(CumSumDelta_32s)(const Nox32s src[], Nox32s dst[], Nox32u n, Nox32u delta) { lagged_sum(src, dst, n, delta); }
+void NOX_BODY(CumSumDeltac)(const Nox64fc src[], Nox64fc dst[], Nox32u n, Nox32u delta) {
+  lagged_sum(src, dst, n, delta);
+}
+void NOX_BODY(CumSumDelta_8u)(const Nox8u src[], Nox8u dst[], Nox32u n, Nox32u delta) {
+  lagged_sum(src, dst, n, delta);
+}
+void NOX_BODY(CumSumDelta_16s)(const Nox16s src[], Nox16s dst[], Nox32u n, Nox32u delta) {
+  lagged_sum(src, dst, n, delta);
+}
+void NOX_BODY(CumSumDelta_32s)(const Nox32s src[], Nox32s dst[], Nox32u n, Nox32u delta) {
+  lagged_sum(src, dst, n, delta);
+}
 
 void NOX_BODY(Rampd)(Nox64f dst[], Nox32u n, Nox64f offset, Nox64f step) {
   const F64x2 from = F64x2::all(offset), by = F64x2::all(step);

@@ -39,6 +39,15 @@ NOX_INLINE TwoComplex all_of(C64x1 a) {
   return {low_halves(v, v), high_halves(v, v)};
 }
 
+// run(v) with v() the complex constant of a call: read once, or again for every element where a result may change it.
+template <class Run>
+NOX_INLINE void with_constant(const Nox64fc* value, const Nox64fc* d, Nox32u n, Run&& run) {
+  if (overlap(d, n * sizeof *d, value, sizeof *value))
+    run([value] { return one(value); });
+  else
+    run([c = one(value)] { return c; });
+}
+
 // d[i] = f(s[i]...) two at a time, unless a result changes an operand of a later one.
 template <class F, class... S>
 NOX_INLINE void forward_pairs(Nox64fc* d, Nox32u n, F&& f, const S*... s) {
@@ -66,16 +75,20 @@ void NOX_BODY(AddValue)(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n
       dst, n, [value](auto x) { return x + decltype(x)::all(value); }, src);
 }
 void NOX_BODY(AddValuec)(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
-  forward(
-      dst, n, [value](C64x1 x) { return x + one(value); }, src);
+  with_constant(value, dst, n, [=](auto v) {
+    forward(
+        dst, n, [v](C64x1 x) { return x + v(); }, src);
+  });
 }
 void NOX_BODY(AddValuecd)(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
   forward(
       dst, n, [value](C64x1 x) { return with_zero(value) + x; }, src);
 }
 void NOX_BODY(AddValuedc)(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
-  forward(
-      dst, n, [value](F64x1 x) { return with_zero(x) + one(value); }, src);
+  with_constant(value, dst, n, [=](auto v) {
+    forward(
+        dst, n, [v](F64x1 x) { return with_zero(x) + v(); }, src);
+  });
 }
 
 void NOX_BODY(SubFromValue)(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n) {
@@ -83,16 +96,20 @@ void NOX_BODY(SubFromValue)(const Nox64f src[], Nox64f dst[], Nox64f value, Nox3
       dst, n, [value](auto x) { return decltype(x)::all(value) - x; }, src);
 }
 void NOX_BODY(SubFromValuec)(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
-  forward(
-      dst, n, [value](C64x1 x) { return one(value) - x; }, src);
+  with_constant(value, dst, n, [=](auto v) {
+    forward(
+        dst, n, [v](C64x1 x) { return v() - x; }, src);
+  });
 }
 void NOX_BODY(SubFromValuecd)(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
   forward(
       dst, n, [value](C64x1 x) { return with_zero(value) - x; }, src);
 }
 void NOX_BODY(SubFromValuedc)(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
-  forward(
-      dst, n, [value](F64x1 x) { return one(value) - with_zero(x); }, src);
+  with_constant(value, dst, n, [=](auto v) {
+    forward(
+        dst, n, [v](F64x1 x) { return v() - with_zero(x); }, src);
+  });
 }
 
 void NOX_BODY(ScaleByValue)(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n) {
@@ -100,16 +117,20 @@ void NOX_BODY(ScaleByValue)(const Nox64f src[], Nox64f dst[], Nox64f value, Nox3
       dst, n, [value](auto x) { return x * decltype(x)::all(value); }, src);
 }
 void NOX_BODY(ScaleByValuec)(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
-  forward(
-      dst, n, [value](C64x1 x) { return x * one(value); }, src);
+  with_constant(value, dst, n, [=](auto v) {
+    forward(
+        dst, n, [v](C64x1 x) { return x * v(); }, src);
+  });
 }
 void NOX_BODY(ScaleByValuecd)(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
   forward(
       dst, n, [value](C64x1 x) { return times(x, twice(value)); }, src);
 }
 void NOX_BODY(ScaleByValuedc)(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
-  forward(
-      dst, n, [value](F64x1 x) { return times(twice(x), one(value)); }, src);
+  with_constant(value, dst, n, [=](auto v) {
+    forward(
+        dst, n, [v](F64x1 x) { return times(twice(x), v()); }, src);
+  });
 }
 
 void NOX_BODY(DivideValue)(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n) {
@@ -139,8 +160,10 @@ void NOX_BODY(DivideValuecd)(const Nox64fc src[], Nox64fc dst[], Nox64f value, N
   forward_pairs(dst, n, step, src);
 }
 void NOX_BODY(DivideValuedc)(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
-  forward(
-      dst, n, [value](F64x1 x) { return over(one(value), twice(x)); }, src);
+  with_constant(value, dst, n, [=](auto v) {
+    forward(
+        dst, n, [v](F64x1 x) { return over(v(), twice(x)); }, src);
+  });
 }
 
 void NOX_BODY(AddVeccd)(const Nox64fc a[], const Nox64f b[], Nox64fc dst[], Nox32u n) {
