@@ -40,7 +40,7 @@ class Function:
     parameters: list
     header: str = ""         # as in an #include; empty for a derived index form
     internal: bool = False   # has a row but no export
-    brief: str = ""
+    comment: str = ""        # of the declaration, without its frame
     primitive: object = field(default=None, repr=False)   # of an index form
 
     @property
@@ -76,7 +76,8 @@ def parse_parameters(text):
 
 
 def parse(text, header, macro):
-    briefs = {m.end(): m[1] for m in re.finditer(r"/\*\*\s*\*?\s*(?:@brief )?(.*?)(?:\n.*?)?\*/\s*", text, re.S)}
+    comments = {m.end(): re.sub(r"^ \* ?", "", m[1], flags=re.M).strip()
+                for m in re.finditer(r"/\*\*((?:[^*]|\*(?!/))*)\*/\s*", text)}
     found = list(re.finditer(macro + r"\(([^()]+)\)\s+(\w+)\(([^()]*)\);", text))
     # A declaration that the pattern doesn't match must not vanish without a word: every use of the macro counts.
     code = re.sub(r"/\*.*?\*/|^[ \t]*#.*?(?<!\\)$", lambda m: re.sub(r"[^\n]", " ", m[0]), text, flags=re.S | re.M)
@@ -84,7 +85,7 @@ def parse(text, header, macro):
         if m.start() not in {f.start() for f in found}:
             raise SystemExit(f"{header}: can't read the declaration '{' '.join(m[0].split())}'")
     for m in found:
-        yield Function(m[2], m[1], parse_parameters(m[3]), header, brief=briefs.get(m.start(), ""))
+        yield Function(m[2], m[1], parse_parameters(m[3]), header, comment=comments.get(m.start(), ""))
 
 
 def read_headers(include, internal):
@@ -133,6 +134,25 @@ def index_forms(functions):
                 parameters.append(Parameter("int", index_name(p.name), False, False, False))
         out.append(Function(name, f.result, parameters, primitive=f))
     return out
+
+
+def documentation(functions):
+    """The comments by the functions' names, with the texts that they copy from others in their places."""
+    own = {f.name: f.comment for f in functions}
+
+    def details(text):
+        return re.split(r"\n\n|\n(?=@)", text, maxsplit=1)[-1]
+
+    def whole(name):
+        text = re.sub(r"@copydoc (\w+)", lambda m: whole(m[1]), own[name])
+        return re.sub(r"@copydetails (\w+)", lambda m: details(whole(m[1])), text)
+    return {name: whole(name) for name in own}
+
+
+def brief(comment):
+    """The first sentence or two of a comment, on one line."""
+    text = re.split(r"\n\n|\n(?=@)|$", comment.removeprefix("@brief "), maxsplit=1)[0]
+    return " ".join(text.split())
 
 
 def parameter_list(parameters):

@@ -80,14 +80,24 @@ def plain(functions, headers):
     return "\n".join(out + ["}"]) + "\n"
 
 
-def index_header(forms):
+def index_comment(form, text):
+    """The comment of a primitive without export, as one of its index form."""
+    text = re.sub(r"\b(nox[si]\w+)\(\)", lambda m: m[0] if m[1].endswith("_Idx") else f"{m[1]}_Idx()", text)
+    for p in form.primitive.parameters:
+        if p.array:
+            index = f"@param {decl.index_name(p.name)}  index of the first element of {p.name}"
+            text = re.sub(rf"^(@param {p.name}\b.*?)(?=\n@|\Z)", lambda m: f"{m[1]}\n{index}", text, flags=re.M | re.S)
+    return "/**\n" + "".join(f" * {line}".rstrip() + "\n" for line in text.splitlines()) + " */"
+
+
+def index_header(forms, documents):
     out = [f"/* {HEAD}\n *\n * Index forms of the primitives: every array is a base pointer and an element index, which may be negative.\n"
            " * They form the addresses and call the primitive, test nothing themselves and return its result. A null base\n"
            " * with an index other than 0 is not seen as null, but for the arguments that the primitive allows to be null. */",
            "#ifndef NOX_INDEX_H", "#define NOX_INDEX_H", "", '#include "nox/types.h"', "", "NOX_BEGIN_DECLS", ""]
     for f in forms:
         out.append(f"/** @brief Index form of {f.primitive.name}(). */" if not f.primitive.internal
-                   else f"/** @brief {f.primitive.brief} */")
+                   else index_comment(f, documents[f.primitive.name]))
         out.append(f"NOX_API({f.result}) {f.name}({decl.parameter_list(f.parameters)});")
     return "\n".join(out + ["", "NOX_END_DECLS", "", "#endif"]) + "\n"
 
@@ -174,7 +184,7 @@ def main():
     write(options.out / "dispatch.S", dispatch(primitives))
     write(options.out / "bodies.hpp", bodies(primitives, by_hand))
     write(options.out / "plain.hpp", plain(primitives, by_hand))
-    write(options.out / "include/nox/index.h", index_header(forms))
+    write(options.out / "include/nox/index.h", index_header(forms, decl.documentation(functions)))
     write(options.out / "index_forms.cpp", index_forms(forms))
     layer = [f for f in functions if f.in_array_builds]
     layer_headers = sorted({f.header for f in layer})

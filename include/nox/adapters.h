@@ -164,7 +164,7 @@ NOX_API(NoxStatus) noxsFIRMR_64fc_I_Idx(Nox64fc pSrcDst[], int srcDstIdx, int le
 NOX_API(void) noxsFIRMRFree_Idx(NoxFilterHandle* pHandle);
 
 /**
- * @brief Filters one sample with a spec and delay lines of the caller's.
+ * @brief Filters one sample like noxsFIRSR_64f(), with a spec and delay lines of the caller's, which may be in place.
  * @param val         the sample
  * @param pDstVal     takes the output
  * @param pSpec       spec of noxsFIRSRInit of the same type
@@ -186,7 +186,8 @@ noxsFIROne_64fc_Idx(Nox64fc val, Nox64fc* pDstVal, const NoxFirSpec* pSpec, NOX_
                     int bufIdx);
 
 /**
- * @brief Two spectral values of one array: noxsGoertz_64f() at pFreqs[0] into pVal[0], at pFreqs[1] into pVal[1].
+ * @brief Two spectral values of one array, as by noxsGoertz_64f(): at pFreqs[0] into pVal[0], at pFreqs[1] into
+ * pVal[1].
  * @param pSrc    base of the source
  * @param srcIdx  index of the first element
  * @param len     number of elements
@@ -247,7 +248,7 @@ NOX_API(NoxStatus) noxsDCTInv_64f_I_Idx(Nox64f pSrcDst[], int srcDstIdx, NoxDctH
 NOX_API(void) noxsDCTFree_64f_Idx(NoxDctHandle* pHandle);
 
 /**
- * @brief Fills an array with normally distributed values of a stream started for this call alone.
+ * @brief Fills an array like noxsRandGauss_64f(), from a stream started for this call alone.
  * @param pDst    base of the destination
  * @param dstIdx  index of its first element
  * @param len     number of elements
@@ -262,7 +263,7 @@ noxsRandGauss_Direct_64f_Idx(Nox64f pDst[], int dstIdx, int len, Nox64f mean, No
                              const unsigned int* pSeed);
 
 /**
- * @brief Fills an array with uniform values of a stream started for this call alone.
+ * @brief Fills an array like noxsRandUniform_64f(), from a stream started for this call alone.
  * @param pDst    base of the destination
  * @param dstIdx  index of its first element
  * @param len     number of elements
