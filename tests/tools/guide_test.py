@@ -1,6 +1,10 @@
-"""Every program of the guide and of the README compiles as it stands, runs, and prints what stands below it."""
+"""Every program of the guide and of the README compiles as it stands, runs, and prints what stands below it; the
+documentation renders without a warning."""
 import os
 import re
+import shutil
+import sys
+import unittest
 
 from settings import BUILD, CC, GENERATED, SOURCE, Scratch
 
@@ -28,6 +32,17 @@ class Guide(Scratch):
                     else:
                         self.assertEqual(page.name, "README.md", "a program of the guide without its output")
         self.assertGreaterEqual(count, 9)
+
+    @unittest.skipUnless(shutil.which("doxygen"), "no doxygen here")
+    def test_site(self):
+        functions = self.dir / "functions.md"
+        self.must(sys.executable, "-B", SOURCE / "tools/function_table.py", "--headers", SOURCE / "include", "--internal",
+                  SOURCE / "core/internal.h", "--performance", SOURCE / "docs/performance.md", "--out", functions)
+        settings = (SOURCE / "docs/Doxyfile").read_text()
+        settings = settings.replace("build/release/generated", str(GENERATED)).replace("build/docs/functions.md", str(functions))
+        configuration = self.write("Doxyfile", f"{settings}\nOUTPUT_DIRECTORY = {self.dir}\n")
+        self.must("doxygen", configuration, cwd=SOURCE)
+        self.assertTrue((self.dir / "html/index.html").exists())
 
     def test_links(self):
         """No link of the guide leads nowhere."""
