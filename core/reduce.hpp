@@ -55,6 +55,7 @@ NOX_INLINE Acc reduce(Acc (&acc)[Count], size_t n, size_t peel, Step&& step, Fol
   n -= peel;
   for (; peel > 0; --peel) single();
   for (; n >= size_t(Count) * V::N; n -= size_t(Count) * V::N) {
+#pragma GCC unroll 8
     for (size_t k = 0; k < Count; ++k) acc[k] = step(acc[k], V::load(s + k * V::N)...);
     advance(Count * kVectors, s...);
   }
