@@ -64,6 +64,8 @@ template <class K, int Used, class Acc, class Step, class... S>
 NOX_INLINE size_t take_vectors(Acc* acc, size_t n, Step&& step, const S*&... s) {
   using V = typename K::vec;
   for (; n >= size_t(Used) * V::N; n -= size_t(Used) * V::N) {
+    // Written out whatever the compiler thinks of it: accumulators that a loop selects stay in memory.
+#pragma GCC unroll 8
     for (size_t k = 0; k < Used; ++k) acc[k] = step(acc[k], V::load(s + k * V::N)...);
     (advance(Used * V::N * sizeof(S), s), ...);
   }

@@ -4,6 +4,7 @@
 // boundary, and then as many lanes as the first one's place allows; the AVX builds load from any address.
 #include "core/body.hpp"
 #include "core/reduce.hpp"
+#include "core/simd/choose.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
@@ -88,7 +89,8 @@ NOX_INLINE T add_parts_product(T sum, T a, T b) {
 }
 struct AddComplexProduct {
   template <class T>
-  NOX_INLINE Chains<T> operator()(Chains<T> sum, T a, T b) const {
+  NOX_INLINE Chains<T> operator()(Chains<T> sum, T a, T factor) const {
+    const T b = once(factor);
     return {add_parts_product(sum.straight, a, b), add_parts_product(sum.crossed, a, swap_parts(b))};
   }
 };

@@ -5,6 +5,7 @@
 // and of their squares side by side.
 #include "core/body.hpp"
 #include "core/reduce.hpp"
+#include "core/simd/choose.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
@@ -109,7 +110,8 @@ NOX_INLINE Moments with_low(Moments a, OneMoments b) {
 }
 struct MomentsStep {
   template <class M, class T>
-  NOX_INLINE M operator()(M a, T x) const {
+  NOX_INLINE M operator()(M a, T element) const {
+    const T x = once(element);
     return {a.sum + x, a.squares + x * x};
   }
 };
