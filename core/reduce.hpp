@@ -72,6 +72,29 @@ NOX_INLINE size_t take_vectors(Acc* acc, size_t n, Step&& step, const S*&... s) 
   return n;
 }
 
+// Lanes of K two vectors at a time, for loops whose steps are short and whose accumulators fill the registers.
+template <class K>
+struct in_pairs {
+  struct vec {
+    using V = typename K::vec;
+    static constexpr int N = 2 * V::N;
+    V front, back;
+    template <class E>
+    static NOX_INLINE vec load(const E* p) {
+      return {V::load(p), V::load(p + V::N)};
+    }
+  };
+};
+// The step on them.
+template <class Step>
+struct PairStep {
+  Step step;
+  template <class Acc, class... X>
+  NOX_INLINE Acc operator()(Acc acc, X... x) const {
+    return step(step(acc, x.front...), x.back...);
+  }
+};
+
 enum class FoldAt { BeforeRest, BehindRest };
 
 // `acc` holds Count accumulators, given with what they start from; returns accumulator 0 with all folded into it.

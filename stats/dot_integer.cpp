@@ -52,21 +52,28 @@ NOX_INLINE F64x1 ordered_sum(const Nox32s* a, const Nox32s* b, size_t n) {
   return sum;
 }
 
-// Sums of products, and the bits that the magnitudes in each array have; that of a negative x is taken as -1 - x.
+// Sums of products, and the bits that the magnitudes in each array have.
 struct Exact {
   ints<Nox64u>::vec even, odd;
   ints<Nox32s>::vec first, second;
 };
+// The magnitude, or that less 1.
 template <class V>
 NOX_INLINE V magnitude(V a) {
   return a ^ shift_right(a, 31);
 }
+#if NOX_LEVEL >= 4
+NOX_INLINE V256<Nox32s> magnitude(V256<Nox32s> a) { return {_mm256_abs_epi32(a.v)}; }
+#elif NOX_LEVEL >= 1
+NOX_INLINE V128<Nox32s> magnitude(V128<Nox32s> a) { return {_mm_abs_epi32(a.v)}; }
+#endif
 struct AddExact {
   template <class V>
   NOX_INLINE Exact operator()(Exact sum, V x, V y) const {
     const V a = once(x), b = once(y);
-    return {sum.even + multiply_even(a, b), sum.odd + multiply_even(odd_down(a), odd_down(b)),
-            sum.first | magnitude(a), sum.second | magnitude(b)};
+    // Kept apart: the compiler would add and join the steps' values first, and run out of registers.
+    return {once(sum.even + multiply_even(a, b)), once(sum.odd + multiply_even(odd_down(a), odd_down(b))),
+            once(sum.first | magnitude(a)), once(sum.second | magnitude(b))};
   }
 };
 struct Or {
@@ -91,12 +98,13 @@ NOX_INLINE bool exact_sum(const Nox32s* a, const Nox32s* b, size_t n, Nox64s& su
     first = first | magnitude(x), second = second | magnitude(y);
   }
   Exact acc[1] = {{Sums::zero(), Sums::zero(), Words::zero(), Words::zero()}};
-  for (size_t block = 256; left > 0; block *= 2) {
+  for (size_t block = 256; left > 0; block *= 8) {
     const size_t now = left < block ? left : block;
     left -= now;
-    take_vectors<ints<Nox32s>, 1>(acc, now, AddExact{}, a, b);
-    const Nox32s bits_a = first.v | fold_lanes(Or{}, acc[0].first);
-    const Nox32s bits_b = second.v | fold_lanes(Or{}, acc[0].second);
+    const size_t odd = take_vectors<in_pairs<ints<Nox32s>>, 1>(acc, now, PairStep<AddExact>{}, a, b);
+    take_vectors<ints<Nox32s>, 1>(acc, odd, AddExact{}, a, b);
+    const Nox32u bits_a = Nox32u(first.v | fold_lanes(Or{}, acc[0].first));
+    const Nox32u bits_b = Nox32u(second.v | fold_lanes(Or{}, acc[0].second));
     if ((bits_a + 1.0) * (bits_b + 1.0) * Nox64f(n) >= 0x1p53) return false;
   }
   Nox64u lanes[Sums::N];

@@ -58,7 +58,7 @@ struct AddHalves {
 
 NOX_INLINE size_t add_block(Nox64s& sum, size_t n, const Nox32s*& s) {
   Halves acc[2] = {{V::zero(), V::zero()}, {V::zero(), V::zero()}};
-  n = take_vectors<ints<Nox32s>, 2>(acc, n, AddHalves{}, s);
+  n = take_vectors<in_pairs<ints<Nox32s>>, 2>(acc, n, PairStep<AddHalves>{}, s);
   n = take_vectors<ints<Nox32s>, 1>(acc, n, AddHalves{}, s);
   const Nox32s whole = fold_lanes(Add{}, acc[0].whole + acc[1].whole);
   const Nox32s high = fold_lanes(Add{}, acc[0].high + acc[1].high);
