@@ -32,6 +32,17 @@ NOX_INLINE F64x2 halves(F&& f, F64x4 a) {
   return f(F64x2{_mm256_castpd256_pd128(a.v)}, F64x2{_mm256_extractf128_pd(a.v, 1)});
 }
 #endif
+// Likewise complex values into one.
+template <class F>
+NOX_INLINE C64x1 halves(F&&, C64x1 a) {
+  return a;
+}
+#if NOX_LEVEL >= 3
+template <class F>
+NOX_INLINE C64x1 halves(F&& f, C64x2 a) {
+  return f(C64x1{_mm256_castpd256_pd128(a.v)}, C64x1{_mm256_extractf128_pd(a.v, 1)});
+}
+#endif
 NOX_INLINE F64x1 upper(F64x2 a) { return {_mm_unpackhi_pd(a.v, a.v)}; }
 NOX_INLINE Nox64f value_of(F64x1 a) { return _mm_cvtsd_f64(a.v); }
 

@@ -65,11 +65,6 @@ NOX_INLINE F64x1 dot(const Nox64f* a, const Nox64f* b, size_t n) {
 
 // ---- complex
 
-NOX_INLINE C64x1 fold_halves(C64x1 a) { return a; }
-#if NOX_LEVEL >= 3
-NOX_INLINE C64x1 fold_halves(C64x2 a) { return complex<C64x1>(halves(Add{}, parts(a))); }
-#endif
-
 // Four chains: sums of (re re, im im) and (re im, im re), as many of each as a vector holds values.
 template <class T>
 struct Chains {
@@ -106,7 +101,7 @@ NOX_INLINE C64x1 dot(const Nox64fc* a, const Nox64fc* b, size_t n) {
     return a[0];
   };
   const Chains<C> all = reduce<c64, kChains, FoldAt::BehindRest>(acc, n, 0, AddComplexProduct{}, fold, a, b);
-  const F64x2 straight = parts(fold_halves(all.straight)), crossed = parts(fold_halves(all.crossed));
+  const F64x2 straight = parts(halves(Add{}, all.straight)), crossed = parts(halves(Add{}, all.crossed));
   return complex<C64x1>(low_halves({(low(straight) - upper(straight)).v}, {both_lanes(crossed).v}));
 }
 
@@ -139,7 +134,7 @@ struct AddRealProduct {
 NOX_INLINE C64x1 dot(const Nox64f* a, const Nox64fc* b, size_t n) {
   C acc[4] = {C::zero(), C::zero(), C::zero(), C::zero()};
   const auto fold = [](C(&a)[4]) { return a[0] + a[1] + (a[2] + a[3]); };
-  return fold_halves(reduce<pairs, 4, FoldAt::BehindRest>(acc, n, 0, AddRealProduct{}, fold, a, b));
+  return halves(Add{}, reduce<pairs, 4, FoldAt::BehindRest>(acc, n, 0, AddRealProduct{}, fold, a, b));
 }
 
 template <class A, class B>

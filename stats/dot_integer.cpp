@@ -2,7 +2,7 @@
 //
 // Four lanes where the second array can be brought to a 16-byte boundary, else one; it is the address that decides,
 // not what the build could load. Where the magnitudes sum to less than 2^53 nothing is rounded in any order, and
-// integers are summed, which is faster; whether they may be is found out on the way.
+// most builds sum integers, which is faster; whether they may is found out on the way.
 #include "core/body.hpp"
 #include "core/reduce.hpp"
 #include "core/rounding.hpp"
@@ -122,9 +122,13 @@ NOX_INLINE bool exact_sum(const Nox32s* a, const Nox32s* b, size_t n, Nox64s& su
 }
 
 NOX_INLINE Nox64f dot(const Nox32s* a, const Nox32s* b, size_t n) {
-  constexpr size_t kPays = 32;
-  Nox64s sum;
-  if (n >= kPays && exact_sum(a, b, n, sum)) return static_cast<Nox64f>(sum);
+  // Without an instruction for signed products of 64 bits the integers take longer.
+  constexpr bool kPays = NOX_LEVEL >= 2;
+  constexpr size_t kFrom = 32;
+  if constexpr (kPays) {
+    Nox64s sum;
+    if (n >= kFrom && exact_sum(a, b, n, sum)) return static_cast<Nox64f>(sum);
+  }
   return value_of(ordered_sum(a, b, n));
 }
 
