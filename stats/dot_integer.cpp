@@ -2,7 +2,7 @@
 //
 // Four lanes where the second array can be brought to a 16-byte boundary, else one; it is the address that decides,
 // not what the build could load. Where the magnitudes sum to less than 2^53 nothing is rounded in any order, and
-// most builds sum integers, which is faster; whether they may is found out on the way.
+// the AVX2 build sums integers, which is faster; whether they may is found out on the way.
 #include "core/body.hpp"
 #include "core/reduce.hpp"
 #include "core/rounding.hpp"
@@ -71,8 +71,6 @@ NOX_INLINE V magnitude(V a) {
 }
 #if NOX_LEVEL >= 4
 NOX_INLINE V256<Nox32s> magnitude(V256<Nox32s> a) { return {_mm256_abs_epi32(a.v)}; }
-#elif NOX_LEVEL >= 1
-NOX_INLINE V128<Nox32s> magnitude(V128<Nox32s> a) { return {_mm_abs_epi32(a.v)}; }
 #endif
 struct AddExact {
   template <class V>
@@ -122,8 +120,8 @@ NOX_INLINE bool exact_sum(const Nox32s* a, const Nox32s* b, size_t n, Nox64s& su
 }
 
 NOX_INLINE Nox64f dot(const Nox32s* a, const Nox32s* b, size_t n) {
-  // Without an instruction for signed products of 64 bits the integers take longer.
-  constexpr bool kPays = NOX_LEVEL >= 2;
+  // In vectors of four the integers take no less time than the doubles.
+  constexpr bool kPays = NOX_LEVEL >= 4;
   constexpr size_t kFrom = 32;
   if constexpr (kPays) {
     Nox64s sum;

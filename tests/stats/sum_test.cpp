@@ -142,9 +142,13 @@ TEST_P(Sums, IntegersByEveryScale) {
     random.fill_special(z);
     if (turn % 3 == 0)
       for (size_t i = 0; i < n; ++i) x[i] = static_cast<Nox32s>(random.integer(-4, 4)), z[i] %= 10, y[i] %= 9;
-    // Products around 2^53 and below, some with a last one that is much larger.
+    // Sums of magnitudes around 2^53 and below, whose products nearly cancel, so that what was rounded shows; some with
+    // a last product that is much larger.
     if (turn % 3 == 1)
-      for (size_t i = 0; i < n; ++i) x[i] >>= turn % 17, z[i] >>= turn % 13;
+      for (size_t i = 0; i < n; ++i) {
+        x[i] = i < n / 2 ? x[i] >> turn % 17 : ~x[i - n / 2];
+        z[i] = i < n / 2 ? z[i] >> turn % 13 : z[i - n / 2];
+      }
     if (turn % 6 == 0) x[n - 1] = INT_MIN, z[n - 1] = INT_MIN + 1;
     const double products = reference::dot(x.data(), z.data(), n);
     // The short arrays by all scales, the others by a few of them.
