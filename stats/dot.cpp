@@ -112,7 +112,7 @@ struct Pair {
   static NOX_INLINE Pair load(const Nox64fc* p) { return {C::load(p), C::load(p + C::N)}; }
   static NOX_INLINE Pair load(const Nox64f* p) {
 #if NOX_LEVEL >= 4
-    const __m256d x = _mm256_loadu_pd(p);
+    const __m256d x = once(V::load(p)).v;
     return {{_mm256_permute4x64_pd(x, 0x50)}, {_mm256_permute4x64_pd(x, 0xFA)}};
 #elif NOX_LEVEL == 3
     const auto twice = [](const Nox64f* two) {
