@@ -70,7 +70,7 @@ NOX_INLINE void take_singles(Acc& acc, size_t count, Step&& step, const S*&... s
     (advance(sizeof(S), s), ...);
   }
 }
-// Takes what groups of Used vectors are in n elements, vector k of each into acc[k]; returns how many elements are left.
+// Takes what groups of Used vectors are in n elements, vector k of each into acc[k]; returns how many elements remain.
 template <class K, int Used, class Acc, class Step, class... S>
 NOX_INLINE size_t take_vectors(Acc* acc, size_t n, Step&& step, const S*&... s) {
   using V = typename K::vec;
