@@ -53,6 +53,18 @@ constexpr Exception kExceptions[] = {
     {"noxsFIRMR_64fc_Idx", kUntested, nullptr},
     {"noxsFIRMR_64f_I_Idx", kUntested, nullptr},
     {"noxsFIRMR_64fc_I_Idx", kUntested, nullptr},
+    {"noxsFilterMedianAlloc_8u_Idx", kUntested, nullptr},
+    {"noxsFilterMedian_8u_Idx", kUntested, nullptr},
+    {"noxsFilterMedian_8u_I_Idx", kUntested, nullptr},
+    {"noxsFilterMedianAlloc_16s_Idx", kUntested, nullptr},
+    {"noxsFilterMedian_16s_Idx", kUntested, nullptr},
+    {"noxsFilterMedian_16s_I_Idx", kUntested, nullptr},
+    {"noxsFilterMedianAlloc_32s_Idx", kUntested, nullptr},
+    {"noxsFilterMedian_32s_Idx", kUntested, nullptr},
+    {"noxsFilterMedian_32s_I_Idx", kUntested, nullptr},
+    {"noxsFilterMedianAlloc_64f_Idx", kUntested, nullptr},
+    {"noxsFilterMedian_64f_Idx", kUntested, nullptr},
+    {"noxsFilterMedian_64f_I_Idx", kUntested, nullptr},
     // A bad length has a status of its own here, and factors and phases come before the pointers: tested beside the
     // filter.
     {"noxsFIRMRGetSize", kUntested, nullptr},
