@@ -29,6 +29,15 @@ NOX_INLINE void save_line(T* dlyDst, const T* line, const T* s, int len, int pas
 }
 
 template <class T>
+NOX_INLINE void median_in_lanes(const T* s, T* d, int len, const T* line, int m) {
+  using Lanes = SortedLanes<T>;
+  alignas(32) T sorted[Lanes::kMost];
+  const Lanes window{sorted, m / Lanes::V::N + 1, m / 2};
+  window.clear();
+  median_by_window(s, d, len, line, m, window);
+}
+
+template <class T>
 NOX_INLINE NoxStatus median(const T* s, T* d, int len, int maskSize, const T* dlySrc, T* dlyDst, Nox8u* buffer) {
   if (const NoxStatus st = check(len, s, d)) return st;
   if (maskSize < 1) return noxStsMaskSizeErr;
@@ -45,6 +54,8 @@ NOX_INLINE NoxStatus median(const T* s, T* d, int len, int maskSize, const T* dl
     median_across_lanes(s, d, len, line, MedianOf3());
   else if (m == 5)
     median_across_lanes(s, d, len, line, MedianOf5());
+  else if (m < SortedLanes<T>::kMost)
+    median_in_lanes(s, d, len, line, m);
   else
     median_by_window(s, d, len, line, m, SortedArray<T>{line + past, 0});
   return status_of(maskSize);

@@ -1,5 +1,6 @@
 // The sorted window of the sliding median, from which one sample is taken out as another comes in.
 #pragma once
+#include "core/simd/neighbours.hpp"
 #include "filter/median.hpp"
 
 namespace nox {
@@ -24,7 +25,6 @@ struct SortedArray {
   T* sorted;
   int size;
 
-  // The window that ends at s[0], of samples that reach back over s[-back] to the line's end.
   NOX_INLINE void replace(T old, T fresh) {
     int from = lower_place(sorted, size, old), to = lower_place(sorted, size, fresh);
     if (from == size) --from;  // a sample that isn't there: only with NaN
@@ -43,6 +43,53 @@ struct SortedArray {
     ++size;
   }
   NOX_INLINE T median() const { return sorted[size / 2]; }
+};
+
+// Values that no sample is beyond.
+template <class T>
+constexpr T kLeast = lowest<T>;
+template <>
+constexpr Nox64f kLeast<Nox64f> = -__builtin_inf();
+template <class T>
+constexpr T kGreatest = highest<T>;
+template <>
+constexpr Nox64f kGreatest<Nox64f> = __builtin_inf();
+
+template <class V>
+NOX_INLINE V below(V a, V b) {
+  if constexpr (sizeof(typename V::elem) == 8)
+    return a < b;
+  else
+    return b > a;
+}
+
+// Windows of few vectors, without a branch: each lane finds its new value from its own and its neighbours'. The lanes
+// behind the window hold the greatest value, and there is at least one of them.
+template <class T>
+struct SortedLanes {
+  using V = typename MedianLanes<T>::Of::vec;
+  static constexpr int kMost = 512 / sizeof(T);
+  T* sorted;  // whole vectors
+  int vectors, middle;
+
+  NOX_INLINE void clear() const {
+    for (int i = 0; i < vectors; ++i) V::all(kGreatest<T>).store(sorted + i * V::N);
+  }
+  // The first element that isn't below the old one goes, and those above it close up to `left`; then the fresh one
+  // stands where it is no lower than its neighbour below, and the others move up by one.
+  NOX_INLINE void replace(T old, T fresh) const {
+    const V gone = V::all(old), come = V::all(fresh);
+    V lanes = V::load(sorted), left_below = V::all(kLeast<T>);
+    for (int i = 0; i < vectors; ++i) {
+      const V above = i + 1 < vectors ? V::load(sorted + (i + 1) * V::N) : V::all(kGreatest<T>);
+      const V left = choose(below(lanes, gone), lanes, next_lanes(lanes, above));
+      max(previous_lanes(left_below, left), min(come, left)).store(sorted + i * V::N);
+      lanes = above;
+      left_below = left;
+    }
+  }
+  NOX_INLINE void insert(T fresh) const { replace(kGreatest<T>, fresh); }
+  NOX_INLINE T median() const { return sorted[middle]; }
 };
 
 // d[i] = the median of s[i] and the m - 1 samples before it, of which the line has those before s[0].
