@@ -28,13 +28,23 @@ NOX_INLINE void save_line(T* dlyDst, const T* line, const T* s, int len, int pas
   copy_elements(dlyDst + (past - own), s + (len - own), own);
 }
 
+// By the window that is the quickest for its size.
 template <class T>
-NOX_INLINE void median_in_lanes(const T* s, T* d, int len, const T* line, int m) {
-  using Lanes = SortedLanes<T>;
-  alignas(32) T sorted[Lanes::kMost];
-  const Lanes window{sorted, m / Lanes::V::N + 1, m / 2};
-  window.clear();
-  median_by_window(s, d, len, line, m, window);
+NOX_INLINE void median_by_window(const T* s, T* d, int len, T* line, int m) {
+  using V = typename MedianLanes<T>::Of::vec;
+  using Narrow = SortedRegisters<typename NarrowLanes<T>::Of, 1>;
+  using One = SortedRegisters<V, 1>;
+  using Two = SortedRegisters<V, 2>;
+  if (m < Narrow::kMost)
+    median_by_window(s, d, len, line, m, Narrow(m));
+  else if (m < One::kMost)
+    median_by_window(s, d, len, line, m, One(m));
+  else if (m < Two::kMost)
+    median_by_window(s, d, len, line, m, Two(m));
+  else if (m < SortedVectors<T>::kMost)
+    median_by_window(s, d, len, line, m, SortedVectors<T>(m));
+  else
+    median_by_window(s, d, len, line, m, SortedArray<T>{line + (m - 1), 0});
 }
 
 template <class T>
@@ -54,10 +64,8 @@ NOX_INLINE NoxStatus median(const T* s, T* d, int len, int maskSize, const T* dl
     median_across_lanes(s, d, len, line, MedianOf3());
   else if (m == 5)
     median_across_lanes(s, d, len, line, MedianOf5());
-  else if (m < SortedLanes<T>::kMost)
-    median_in_lanes(s, d, len, line, m);
   else
-    median_by_window(s, d, len, line, m, SortedArray<T>{line + past, 0});
+    median_by_window(s, d, len, line, m);
   return status_of(maskSize);
 }
 

@@ -116,7 +116,7 @@ TEST_P(FilterMedian, AnyCutInAnyWayGivesTheMedians) {
   for_all_types([](auto f) {
     kit::Random random;
     size_t turn = 0;
-    for (const int maskSize : {3, 4, 5, 6, 7, 9, 16, 17, 31, 33, 63, 65, 127, 129, 255, 300, 515, 1025})
+    for (const int maskSize : {3, 4, 5, 6, 7, 9, 16, 17, 31, 33, 63, 65, 127, 129, 255, 300, 515, 1025, 2201})
       for (const Way way : {Way::Apart, Way::OneLine, Way::InPlace, Way::OverDelay})
         for (int times = kit::quick() || maskSize > 40 ? 1 : 6; times > 0; --times)
           check_stream(f, maskSize, way, random, ++turn);
@@ -152,7 +152,7 @@ TEST_P(FilterMedian, MasksOfOneCopyAndNullLinesRepeatTheFirstSample) {
 TEST_P(FilterMedian, NaNHarmsOutputsAlone) {
   kit::Random random;
   const Forms<Nox64f> f = FORMS(64f, 19);
-  for (const int maskSize : {7, 31, 301})
+  for (const int maskSize : {7, 15, 31, 301})
     for (const Way way : {Way::Apart, Way::InPlace}) {
       std::vector<Nox64f> signal(500), line(static_cast<size_t>(maskSize - 1));
       random.fill_special(signal);
