@@ -51,7 +51,7 @@ struct MedianOf5 {
 // f of the windows that begin at s.
 template <class V, class F, size_t... I>
 NOX_INLINE V windows(const typename V::elem* s, F f, std::index_sequence<I...>) {
-  return f(V::load(s + I)...);
+  return f(once(V::load(s + I))...);
 }
 
 // d[i] = f of the window that begins at s[i], for count outputs; d may be s + F::kSize - 1. The lowest vector is
