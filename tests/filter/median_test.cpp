@@ -96,11 +96,12 @@ std::vector<T> filter_block(const Forms<T>& f, int maskSize, Way way, const T* s
 template <class T>
 void check_stream(const Forms<T>& f, int maskSize, Way way, kit::Random& random, size_t turn) {
   const size_t m = static_cast<size_t>(odd(maskSize)), past = m - 1;
-  const size_t n = static_cast<size_t>(random.integer(1, turn % 3 == 0 ? 30 : 300)) + (turn % 2 ? m : 0);
+  const size_t n =
+      static_cast<size_t>(random.integer(1, turn % 3 == 0 ? 30 : 300)) + (turn % 2 ? std::min(m, size_t{300}) : 0);
   const std::vector<T> signal = signal_of<T>(random, past + n, odd(maskSize)), expected = reference::medians(signal, m);
   std::vector<T> line(signal.begin(), signal.begin() + static_cast<std::ptrdiff_t>(past)), out;
   while (out.size() < n) {
-    const auto block = static_cast<size_t>(random.integer(1, random.chance(0.5) ? 6 : 300));
+    const auto block = static_cast<size_t>(random.integer(1, maskSize < 40 && random.chance(0.5) ? 6 : 300));
     const auto part = filter_block(f, maskSize, way, signal.data() + past + out.size(), std::min(block, n - out.size()),
                                    line, static_cast<size_t>(random.integer(0, 32)));
     out.insert(out.end(), part.begin(), part.end());
@@ -116,9 +117,9 @@ TEST_P(FilterMedian, AnyCutInAnyWayGivesTheMedians) {
   for_all_types([](auto f) {
     kit::Random random;
     size_t turn = 0;
-    for (const int maskSize : {3, 4, 5, 6, 7, 9, 16, 17, 31, 33, 63, 65, 127, 129, 255, 300, 515, 1025, 2201})
+    for (const int maskSize : {3, 4, 5, 6, 7, 9, 15, 16, 17, 31, 33, 63, 65, 129, 300, 2201})
       for (const Way way : {Way::Apart, Way::OneLine, Way::InPlace, Way::OverDelay})
-        for (int times = kit::quick() || maskSize > 40 ? 1 : 6; times > 0; --times)
+        for (int times = kit::quick() || maskSize > 40 ? 1 : 4; times > 0; --times)
           check_stream(f, maskSize, way, random, ++turn);
   });
 }
