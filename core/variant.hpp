@@ -11,6 +11,7 @@
 #define NOX_PASTE(a, b) NOX_PASTE2(a, b)
 #define NOX_BODY(name) NOX_PASTE(NOX_VARIANT, name)
 #define NOX_INLINE inline __attribute__((always_inline))
+#define NOX_INLINED __attribute__((always_inline))  // of a lambda, behind its parameters
 
 namespace nox {
 inline namespace NOX_VARIANT {

@@ -8,8 +8,6 @@
 
 // What is called once for a whole pass: a function of its own, for the sake of the few registers.
 #define NOX_PASS __attribute__((noinline, regparm(3)))
-// Of lambdas: a vector handed over in a call would go through memory.
-#define NOX_INLINED __attribute__((always_inline))
 
 namespace nox {
 inline namespace NOX_VARIANT {

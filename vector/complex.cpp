@@ -18,10 +18,10 @@ struct Magnitude {
     return sqrt(Power{}(z...));
   }
 };
-constexpr auto real_part = [](Pairs z) { return z.re; };
-constexpr auto imaginary_part = [](Pairs z) { return z.im; };
-constexpr auto both_parts = [](Pairs z) { return z; };
-constexpr auto joined = [](Reals re, Reals im) { return Pairs{re, im}; };
+constexpr auto real_part = [](Pairs z) NOX_INLINED { return z.re; };
+constexpr auto imaginary_part = [](Pairs z) NOX_INLINED { return z.im; };
+constexpr auto both_parts = [](Pairs z) NOX_INLINED { return z; };
+constexpr auto joined = [](Reals re, Reals im) NOX_INLINED { return Pairs{re, im}; };
 
 // Cut at the largest value: the one magnitude beyond it is that of the lowest value, which stays negative at first.
 template <int Bits>

@@ -203,11 +203,11 @@ struct HalfAway {
     using V = typename X::Vector;
     using E = typename V::elem;
     const Ints8 whole = cut(x);
-    const X up =
-        each_vector([](V a, V b) { return (all_of<V>(E(0.5)) <= a - b) & all_of<V>(E(1)); }, x, back<X>(whole));
-    const X down =
-        each_vector([](V a, V b) { return (all_of<V>(E(0.5)) <= b - a) & all_of<V>(E(1)); }, x, back<X>(whole));
-    return each_vector([](auto w, auto u, auto l) { return w + u - l; }, whole, cut(up), cut(down));
+    const X up = each_vector([](V a, V b) NOX_INLINED { return (all_of<V>(E(0.5)) <= a - b) & all_of<V>(E(1)); }, x,
+                             back<X>(whole));
+    const X down = each_vector([](V a, V b) NOX_INLINED { return (all_of<V>(E(0.5)) <= b - a) & all_of<V>(E(1)); }, x,
+                               back<X>(whole));
+    return each_vector([](auto w, auto u, auto l) NOX_INLINED { return w + u - l; }, whole, cut(up), cut(down));
   }
 };
 

@@ -26,11 +26,12 @@ struct Half {
 NOX_INLINE V down(V a, int n) { return as_lanes<Nox32s>(shift_right(as_lanes<Nox32u>(a), n)); }
 
 NOX_INLINE Floats8 from_half(Ints8 half) {
-  const Ints8 size = each_vector([](V h) { return shift_left(h & V::all(0x7FFF), 13); }, half);
+  const Ints8 size = each_vector([](V h) NOX_INLINED { return shift_left(h & V::all(0x7FFF), 13); }, half);
   // Below the normal range: the mantissa under the exponent of 2^-14, less that power.
-  const auto under = [](V s) { return s + V::all(113 << 23); };
-  const Floats8 small = each_vector([](F a) { return a - all_of<F>(0x1p-14f); }, float_bits(each_vector(under, size)));
-  const auto join = [](V s, V h, V little) {
+  const auto under = [](V s) NOX_INLINED { return s + V::all(113 << 23); };
+  const Floats8 small =
+      each_vector([](F a) NOX_INLINED { return a - all_of<F>(0x1p-14f); }, float_bits(each_vector(under, size)));
+  const auto join = [](V s, V h, V little) NOX_INLINED {
     const V normal = s + V::all(112 << 23), endless = s > V::all((0x7C00 << 13) - 1), nan = s > V::all(0x7C00 << 13);
     const V large = normal + (endless & V::all(112 << 23));
     const V quiet = large | (nan & V::all(1 << 22));
@@ -43,21 +44,21 @@ NOX_INLINE Floats8 from_half(Ints8 half) {
 template <bool Nearest>
 NOX_INLINE Ints8 to_half(Floats8 x) {
   const Ints8 bits = int_bits(x);
-  const Ints8 size = each_vector([](V b) { return b & V::all(0x7FFFFFFF); }, bits);
+  const Ints8 size = each_vector([](V b) NOX_INLINED { return b & V::all(0x7FFFFFFF); }, bits);
   // In steps of 2^-24, the smallest half; only those below 2^-14 are used.
-  const Floats8 steps = each_vector([](F a) { return a * all_of<F>(0x1p24f); }, float_bits(size));
+  const Floats8 steps = each_vector([](F a) NOX_INLINED { return a * all_of<F>(0x1p24f); }, float_bits(size));
   Ints8 small = cut(steps);
   if (Nearest) {
-    const Floats8 rest = each_vector([](F a, F whole) { return a - whole; }, steps, to_floats(small));
-    const Ints8 half = int_bits(each_vector([](F a) { return all_of<F>(0.5f) <= a; }, rest));
-    const Ints8 tie = int_bits(each_vector([](F a) { return a <= all_of<F>(0.5f); }, rest));
-    const auto round = [](V q, V from_half_on, V to_half_at_most) {
+    const Floats8 rest = each_vector([](F a, F whole) NOX_INLINED { return a - whole; }, steps, to_floats(small));
+    const Ints8 half = int_bits(each_vector([](F a) NOX_INLINED { return all_of<F>(0.5f) <= a; }, rest));
+    const Ints8 tie = int_bits(each_vector([](F a) NOX_INLINED { return a <= all_of<F>(0.5f); }, rest));
+    const auto round = [](V q, V from_half_on, V to_half_at_most) NOX_INLINED {
       const V even = (q & V::all(1)) == V::zero();
       return q - and_not(to_half_at_most & even, from_half_on);
     };
     small = each_vector(round, small, half, tie);
   }
-  const auto join = [](V b, V s, V little) {
+  const auto join = [](V b, V s, V little) NOX_INLINED {
     const V odd = down(s, 13) & V::all(1);
     const V normal = down(Nearest ? s + V::all(0xFFF) + odd : s, 13) - V::all(112 << 10);
     const V from_here_on_too_large = V::all(Nearest ? 0x477FEFFF : 0x477FFFFF);
@@ -136,23 +137,23 @@ NOX_INLINE NoxStatus to_half_from(const T* s, Nox16f* d, int len, int mode) {
     to_half_by_instruction(s, d, len, nearest);
     return noxStsNoErr;
   }
-  const auto floats = [](auto x) {
+  const auto floats = [](auto x) NOX_INLINED {
     if constexpr (sizeof(T) == 4)
       return x;
     else
       return to_floats(x);
   };
   if (nearest)
-    convert_eights<Format<T>, Half>(s, d, len, [=](auto x) { return to_half<true>(floats(x)); });
+    convert_eights<Format<T>, Half>(s, d, len, [=](auto x) NOX_INLINED { return to_half<true>(floats(x)); });
   else
-    convert_eights<Format<T>, Half>(s, d, len, [=](auto x) { return to_half<false>(floats(x)); });
+    convert_eights<Format<T>, Half>(s, d, len, [=](auto x) NOX_INLINED { return to_half<false>(floats(x)); });
   return noxStsNoErr;
 }
 
 template <class Round>
 NOX_INLINE void half_to_words(const Nox16f* s, Nox16s* d, int len, Nox32f factor, Round round) {
-  convert_eights<Half, Format<Nox16s>>(s, d, len, [=](Ints8 h) {
-    const auto cut_off = [=](F a) {
+  convert_eights<Half, Format<Nox16s>>(s, d, len, [=](Ints8 h) NOX_INLINED {
+    const auto cut_off = [=](F a) NOX_INLINED {
       return most(least(a * all_of<F>(factor), all_of<F>(32767.f)), all_of<F>(-32768.f));
     };
     return round(each_vector(cut_off, from_half(h)));
@@ -172,7 +173,7 @@ NoxStatus NOX_BODY(noxsConvert_16f32f)(const Nox16f* s, Nox32f* d, int len) {
   if (has_f16c())
     from_half_f16c(s, d, len);
   else
-    convert_eights<Half, Format<Nox32f>>(s, d, len, [](Ints8 h) { return from_half(h); });
+    convert_eights<Half, Format<Nox32f>>(s, d, len, [](Ints8 h) NOX_INLINED { return from_half(h); });
   return noxStsNoErr;
 }
 NoxStatus NOX_BODY(noxsConvert_32f16f)(const Nox32f* s, Nox16f* d, int len, int mode) {

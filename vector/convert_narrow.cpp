@@ -18,9 +18,9 @@ struct Range {
 };
 template <class From, class To, class Round, class E>
 NOX_INLINE void real_to_int(const E* s, typename To::elem* d, int len, Range<E> range, Round round, E factor) {
-  convert_eights<From, To>(s, d, len, [=](auto x) {
+  convert_eights<From, To>(s, d, len, [=](auto x) NOX_INLINED {
     using V = typename decltype(x)::Vector;
-    const auto cut_off = [=](V a) {
+    const auto cut_off = [=](V a) NOX_INLINED {
       return most(least(a * all_of<V>(factor), all_of<V>(range.top)), all_of<V>(range.bottom));
     };
     return round(each_vector(cut_off, x));
@@ -30,12 +30,12 @@ NOX_INLINE void real_to_int(const E* s, typename To::elem* d, int len, Range<E> 
 struct FloatRange {};
 template <class From, class To, class Round>
 NOX_INLINE void real_to_int(const Nox32f* s, Nox32s* d, int len, FloatRange, Round round, Nox32f factor) {
-  convert_eights<From, To>(s, d, len, [=](Floats8 x) {
+  convert_eights<From, To>(s, d, len, [=](Floats8 x) NOX_INLINED {
     using V = FloatVector;
-    const Floats8 y = each_vector([=](V a) { return a * all_of<V>(factor); }, x);
-    const Floats8 beyond = each_vector([](V a) { return all_of<V>(0x1p31f) <= a; }, y);
-    const auto cut_off = [](V a) { return most(least(a, all_of<V>(0x1.fffffep30f)), all_of<V>(-0x1p31f)); };
-    const auto end = [](auto a, auto past) { return select_lanes(past, decltype(a)::all(INT32_MAX), a); };
+    const Floats8 y = each_vector([=](V a) NOX_INLINED { return a * all_of<V>(factor); }, x);
+    const Floats8 beyond = each_vector([](V a) NOX_INLINED { return all_of<V>(0x1p31f) <= a; }, y);
+    const auto cut_off = [](V a) NOX_INLINED { return most(least(a, all_of<V>(0x1.fffffep30f)), all_of<V>(-0x1p31f)); };
+    const auto end = [](auto a, auto past) NOX_INLINED { return select_lanes(past, decltype(a)::all(INT32_MAX), a); };
     return each_vector(end, round(each_vector(cut_off, y)), int_bits(beyond));
   });
 }
@@ -74,17 +74,19 @@ NOX_INLINE V shifted_up(V x, int n, Nox32s bottom, Nox32s top) {
 template <class To>
 NOX_INLINE NoxStatus int_to_int(const Nox32s* s, typename To::elem* d, int len, int scale, int least_scale,
                                 Nox32s bottom, Nox32s top) {
-  const auto cut_off = [=](V x) { return min(max(x, V::all(bottom)), V::all(top)); };
+  const auto cut_off = [=](V x) NOX_INLINED { return min(max(x, V::all(bottom)), V::all(top)); };
   if (scale > 0)
-    return convert<Format<Nox32s>, To>(
-        s, d, len, [=](Ints8 a) { return each_vector([=](V x) { return cut_off(shifted_down<true>(x, scale)); }, a); });
+    return convert<Format<Nox32s>, To>(s, d, len, [=](Ints8 a) NOX_INLINED {
+      return each_vector([=](V x) NOX_INLINED { return cut_off(shifted_down<true>(x, scale)); }, a);
+    });
   const int n = scale < least_scale ? -least_scale : -scale;
-  return convert<Format<Nox32s>, To>(
-      s, d, len, [=](Ints8 a) { return each_vector([=](V x) { return shifted_up(x, n, bottom, top); }, a); });
+  return convert<Format<Nox32s>, To>(s, d, len, [=](Ints8 a) NOX_INLINED {
+    return each_vector([=](V x) NOX_INLINED { return shifted_up(x, n, bottom, top); }, a);
+  });
 }
 struct Zero {
   NOX_INLINE Ints8 operator()(Ints8 a) const {
-    return each_vector([](V) { return V::zero(); }, a);
+    return each_vector([](V) NOX_INLINED { return V::zero(); }, a);
   }
 };
 // As lanes compare with signs, values without one are moved down by half their range.
@@ -164,21 +166,22 @@ NoxStatus NOX_BODY(noxsConvert_32u24u_Sfs)(const Nox32u* s, Nox8u* d, int len, i
   const V flip = V::all(kFlip), top = V::all(kMost24u);
   if (scale > 32) return convert<From, U24>(s, d, len, Zero{});
   if (scale == 32)  // 1 above the half of 2^32, else 0
-    return convert<From, U24>(
-        s, d, len, [=](Ints8 a) { return each_vector([=](V x) { return V::zero() - ((x ^ flip) > V::zero()); }, a); });
+    return convert<From, U24>(s, d, len, [=](Ints8 a) NOX_INLINED {
+      return each_vector([=](V x) NOX_INLINED { return V::zero() - ((x ^ flip) > V::zero()); }, a);
+    });
   if (scale > 0)
-    return convert<From, U24>(s, d, len, [=](Ints8 a) {
+    return convert<From, U24>(s, d, len, [=](Ints8 a) NOX_INLINED {
       return each_vector(
-          [=](V x) {
+          [=](V x) NOX_INLINED {
             const V q = shifted_down<false>(x, scale);
             return min(q, top) | ((V::zero() > q) & top);
           },
           a);
     });
   const int n = scale < -24 ? 24 : -scale;
-  return convert<From, U24>(s, d, len, [=](Ints8 a) {
+  return convert<From, U24>(s, d, len, [=](Ints8 a) NOX_INLINED {
     return each_vector(
-        [=](V x) {
+        [=](V x) NOX_INLINED {
           const V beyond = (x ^ flip) > V::all((kMost24u >> n) ^ kFlip);
           return select_lanes(beyond, top, shift_left(x, n));
         },

@@ -12,10 +12,10 @@ using U24 = Format24<false>;
 template <class From, class To, class Widen, class E>
 NOX_INLINE NoxStatus scaled(const typename From::elem* s, E* d, int len, Widen widen, bool scale, E factor) {
   if (!scale) return convert<From, To>(s, d, len, widen);
-  return convert<From, To>(s, d, len, [=](auto x) {
+  return convert<From, To>(s, d, len, [=](auto x) NOX_INLINED {
     const auto wide = widen(x);
     using V = typename decltype(wide)::Vector;
-    return each_vector([=](V a) { return a * all_of<V>(factor); }, wide);
+    return each_vector([=](V a) NOX_INLINED { return a * all_of<V>(factor); }, wide);
   });
 }
 

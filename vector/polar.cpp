@@ -12,7 +12,7 @@ struct PhaseOf {
   NOX_INLINE Reals operator()(Reals re, Reals im) const { return atan2_lanes(im, re); }
   NOX_INLINE Reals operator()(Pairs z) const { return atan2_lanes(z.im, z.re); }
 };
-constexpr auto from_polar = [](Reals magnitude, Reals phase) {
+constexpr auto from_polar = [](Reals magnitude, Reals phase) NOX_INLINED {
   Reals sine, cosine;
   sine_cosine_lanes(phase, sine, cosine);
   return Pairs{cosine * magnitude, sine * magnitude};
