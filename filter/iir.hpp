@@ -1,0 +1,197 @@
+// The recursive filters' state: its record, the places of everything in the caller's memory, and the sizes.
+//
+// Memory, from its first 32-byte boundary: the record in a header of fixed size, normalised taps, the delay line, the
+// tables of numerator and recursion, the per-sample rows of a cascade, and a work area for the numerator pass of one
+// chunk. The sizes told are wider than what the kernels here lay out, and callers store them, so they stay.
+#pragma once
+#include <limits>
+
+#include "core/simd/quad.hpp"
+#include "filter/fir_kernels.hpp"
+#include "nox/filter.h"
+
+namespace nox {
+inline namespace NOX_VARIANT {
+
+constexpr int kIirChunk = 1024;  // samples filtered at a time: numerator and outputs stay in the first-level cache
+constexpr size_t kIirBoundary = 32;
+constexpr int kIirSmallOrder = 8;  // up to here the direct form's memory has room for tables of eight columns
+
+// Outputs that a direct form yields at a time. Of eight, the recursion's latency counts half as much; the additional
+// products are worth it where a vector holds four values, and complex filters are bound by their products anyway.
+template <class K>
+constexpr int kIirQuads = NOX_LEVEL >= 3 && sizeof(typename K::elem) == sizeof(Nox64f) ? 2 : 1;
+template <class K>
+constexpr int iir_quads(Nox64u order) {
+  return order <= kIirSmallOrder ? kIirQuads<K> : 1;
+}
+
+template <class K>
+struct IirKind;
+template <>
+struct IirKind<f64> {
+  static constexpr Nox32u kDirect = 0x49493133, kCascade = 0x49493134;
+  static constexpr Nox64u kHeader = 832;
+};
+template <>
+struct IirKind<c64> {
+  static constexpr Nox32u kDirect = 0x49493135, kCascade = 0x49493136;
+  static constexpr Nox64u kHeader = 1600;
+};
+
+// The pointers are to elements of the filter's type.
+struct IirState {
+  Nox32u id;
+  void* taps;   // direct: b0..bn, a1..an; cascade: b0, b1, b2, a1, a2 of each section; all divided by a0
+  void* delay;  // direct: n elements and a zero; cascade: two of each section
+  Nox32s order;
+  void* numerator;    // direct: b from bn down to b0 for the sums over windows, then their imaginary parts in all lanes
+  Nox64f* recursion;  // rows of quads, by LookAhead
+  Nox32s sections;    // 0 in the direct form
+  void* sample;       // cascade: b0, b0, b1, b2, -a1, -a2 of each section
+  void* work;
+  void* secondWork;  // direct: the same again; no call reads it, nor what follows
+  Nox32u reserved;
+  Nox32s phase, history;
+};
+
+// Places, in bytes behind the record.
+struct IirLayout {
+  Nox64u taps, delay, numerator, recursion, sample, work, end;
+
+  template <class K>
+  static constexpr IirLayout direct(Nox64u n) {
+    constexpr Nox64u kElement = sizeof(typename K::elem);
+    const Nox64u wide = kFirWideTaps<typename K::elem> ? kFirWideLanes * sizeof(Nox64f) : 0;
+    return of<K>((2 * n + 1) * kElement, (n + 1) * kElement, (n + 1) * (kElement + wide), n * iir_quads<K>(n), 0);
+  }
+  template <class K>
+  static constexpr IirLayout cascade(Nox64u n) {
+    constexpr Nox64u kElement = sizeof(typename K::elem);
+    return of<K>(5 * n * kElement, 2 * n * kElement, 0, 2 * n * kIirQuads<K>, 6 * n * kElement);
+  }
+
+ private:
+  static constexpr Nox64u round(Nox64u bytes) { return (bytes + kIirBoundary - 1) & ~Nox64u{kIirBoundary - 1}; }
+  template <class K>
+  static constexpr IirLayout of(Nox64u taps, Nox64u delay, Nox64u numerator, Nox64u quads, Nox64u sample) {
+    constexpr Nox64u kElement = sizeof(typename K::elem);
+    IirLayout l{};
+    l.taps = IirKind<K>::kHeader;
+    l.delay = round(l.taps + taps);
+    l.numerator = round(l.delay + delay);
+    l.recursion = round(l.numerator + numerator);
+    l.sample = l.recursion + quads * 4 * kElement;
+    l.work = round(l.sample + sample);
+    l.end = l.work + kIirChunk * kElement;
+    return l;
+  }
+};
+
+// Bytes told to callers.
+template <class K>
+constexpr Nox64u iir_direct_size(Nox64u n);
+template <>
+constexpr Nox64u iir_direct_size<f64>(Nox64u n) {
+  const bool small = NOX_LEVEL >= 3 && n <= kIirSmallOrder;
+  const Nox64u tables = small ? 18 * n + 74 : 6 * n + 14;
+  return ((16 * n + 23) & ~Nox64u{15}) + (1024 + tables) * 8 + 832 + ((8 * n + 23) & ~Nox64u{15}) + 64;
+}
+template <>
+constexpr Nox64u iir_direct_size<c64>(Nox64u n) {
+  const bool small = NOX_LEVEL >= 3 && n <= kIirSmallOrder;
+  return (small ? 40 * n + 1166 : 16 * n + 1034) * 16 + 32 * n + 1696;
+}
+template <class K>
+constexpr Nox64u iir_cascade_size(Nox64u n);
+template <>
+constexpr Nox64u iir_cascade_size<f64>(Nox64u n) {
+  return ((40 * n + 15) & ~Nox64u{15}) + (32 * n + 1024) * 8 + 832 + 16 * n + 64;
+}
+template <>
+constexpr Nox64u iir_cascade_size<c64>(Nox64u n) {
+  return 80 * n + (64 * n + 1024) * 16 + 1600 + 32 * n + 64;
+}
+
+// Beyond the small orders both sides grow by constant steps, so a few periods of the rounding stand for all orders.
+constexpr bool iir_fits() {
+  for (Nox64u n = 1; n <= 64; ++n) {
+    if (IirLayout::direct<f64>(n).end + kIirBoundary - 1 > iir_direct_size<f64>(n)) return false;
+    if (IirLayout::direct<c64>(n).end + kIirBoundary - 1 > iir_direct_size<c64>(n)) return false;
+    if (IirLayout::cascade<f64>(n).end + kIirBoundary - 1 > iir_cascade_size<f64>(n)) return false;
+    if (IirLayout::cascade<c64>(n).end + kIirBoundary - 1 > iir_cascade_size<c64>(n)) return false;
+  }
+  return true;
+}
+static_assert(iir_fits(), "what Init lays out must fit the size told");
+static_assert(sizeof(IirState) <= IirKind<f64>::kHeader, "the taps stand behind the record");
+
+constexpr bool iir_size_exists(Nox64u bytes) { return bytes <= std::numeric_limits<int>::max(); }
+
+// The look-ahead coefficients of a recursion y[n] = w[n] - a[0] y[n-1] - a[1] y[n-2] ...: element (k, c) is what
+// y[n-1-k] contributes to y[n+c] with all between eliminated. So the outputs n..n+c depend on those before n and on w
+// alone, and the first element of each column is the response to w[n]. A row holds `quads` quads.
+template <class K>
+struct LookAhead {
+  using One = typename K::one;
+  using E = typename K::elem;
+  static constexpr int kDoubles = kRow<typename QuadOf<K>::type>;
+  Nox64f* rows;
+  int quads;
+
+  void fill(const E* a, int order) const {
+    for (int k = 0; k < order; ++k)
+      for (int c = 0; c < 4 * quads; ++c) {
+        One sum = k + c < order ? One::zero() - One::load(a + k + c) : One::zero();
+        for (int j = 0; j < c && j < order; ++j) sum = sub_product(One::load(a + j), get(k, c - 1 - j), sum);
+        put(k, c, sum);
+      }
+  }
+  // Element c of the first row.
+  NOX_INLINE E response(int c) const {
+    E value;
+    get(0, c).store(&value);
+    return value;
+  }
+
+ private:
+  NOX_INLINE Nox64f* place(int k, int c) const {
+    return rows + (static_cast<size_t>(k) * quads + c / 4) * kDoubles + c % 4;
+  }
+  NOX_INLINE One get(int k, int c) const {
+    const Nox64f* const p = place(k, c);
+    if constexpr (sizeof(E) == sizeof(Nox64f))
+      return One::load(p);
+    else
+      return One::all({p[0], p[4]});
+  }
+  NOX_INLINE void put(int k, int c, One value) const {
+    E e;
+    value.store(&e);
+    Nox64f* const p = place(k, c);
+    if constexpr (sizeof(E) == sizeof(Nox64f)) {
+      *p = e;
+    } else {
+      p[0] = e.re;
+      p[4] = e.im;
+    }
+  }
+};
+
+// Sum of the products of a recursion's newest Near outputs, of which `last` ends with the newest, by their rows. Two
+// chains, as this is what the next outputs wait for.
+template <int Near, class Q>
+NOX_INLINE Q add_newest(const Nox64f* row, size_t step, Q last, Q sum) {
+  const auto coefficients = [&](size_t k) { return load_row<Q>(row + k * step); };
+  if constexpr (Near >= 2) sum = add_product(coefficients(1), lane<2>(last), sum);
+  sum = add_product(coefficients(0), lane<3>(last), sum);
+  if constexpr (Near == 3) return sum + coefficients(2) * lane<1>(last);
+  if constexpr (Near == 4) {
+    const Q older = add_product(coefficients(3), lane<0>(last), coefficients(2) * lane<1>(last));
+    return sum + older;
+  }
+  return sum;
+}
+
+}  // namespace NOX_VARIANT
+}  // namespace nox
