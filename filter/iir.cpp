@@ -74,7 +74,7 @@ NOX_INLINE NoxStatus iir_init(NoxIIRState** out, const E* taps, int order, const
     Nox64f* const wide = reinterpret_cast<Nox64f*>(reversed + order + 1);
     for (int k = 0; k <= order; ++k) f64::vec::all(reversed[k].im).store(wide + kFirWideLanes * static_cast<size_t>(k));
   }
-  LookAhead<K>{state->recursion, iir_quads<K>(static_cast<Nox64u>(order))}.fill(own + order + 1, order);
+  LookAhead<K>{state->recursion, iir_runs<K>(static_cast<Nox64u>(order))}.fill(own + order + 1, order);
   return noxStsNoErr;
 }
 
@@ -92,7 +92,7 @@ NOX_INLINE NoxStatus iir_init_cascade(NoxIIRState** out, const E* taps, int sect
   *out = reinterpret_cast<NoxIIRState*>(state);
   E *own = static_cast<E*>(state->taps), *row = static_cast<E*>(state->sample);
   Nox64f* table = state->recursion;
-  for (int s = 0; s < sections; ++s, taps += 6, own += 5, row += 6, table += 2 * IirCascade<K>::kStep) {
+  for (int s = 0; s < sections; ++s, taps += 6, own += 5, row += 6, table += 2 * IirCascade<K>::Outputs::kRow) {
     if (is_zero(taps[3]) || is_zero(taps[0])) return noxStsDivByZeroErr;
     const One factor = One::all(reciprocal(taps[3]));
     for (int k = 0; k < 3; ++k) (One::load(taps + k) * factor).store(own + k);
@@ -100,7 +100,7 @@ NOX_INLINE NoxStatus iir_init_cascade(NoxIIRState** out, const E* taps, int sect
     const E numerator[] = {own[0], own[0], own[1], own[2]};
     copy_elements(row, numerator, 4);
     for (int k = 3; k < 5; ++k) (One::zero() - One::load(own + k)).store(row + k + 1);
-    LookAhead<K>{table, IirCascade<K>::kQuads}.fill(own + 3, 2);
+    LookAhead<K>{table, kIirRuns}.fill(own + 3, 2);
   }
   return noxStsNoErr;
 }

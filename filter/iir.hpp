@@ -6,7 +6,7 @@
 #pragma once
 #include <limits>
 
-#include "core/simd/quad.hpp"
+#include "core/simd/run.hpp"
 #include "filter/fir_kernels.hpp"
 #include "nox/filter.h"
 
@@ -17,13 +17,13 @@ constexpr int kIirChunk = 1024;  // samples filtered at a time: numerator and ou
 constexpr size_t kIirBoundary = 32;
 constexpr int kIirSmallOrder = 8;  // up to here the direct form's memory has room for tables of eight columns
 
-// Outputs that a direct form yields at a time. Of eight, the recursion's latency counts half as much; the additional
-// products are worth it where a vector holds four values, and complex filters are bound by their products anyway.
+// Runs that a recursion yields at a time. With two, its latency counts half as much; the additional products are worth
+// it where a run is one vector. Direct forms beyond the small orders have no room for so wide a table if they are real,
+// and little need.
+constexpr int kIirRuns = NOX_LEVEL >= 3 ? 2 : 1;
 template <class K>
-constexpr int kIirQuads = NOX_LEVEL >= 3 && sizeof(typename K::elem) == sizeof(Nox64f) ? 2 : 1;
-template <class K>
-constexpr int iir_quads(Nox64u order) {
-  return order <= kIirSmallOrder ? kIirQuads<K> : 1;
+constexpr int iir_runs(Nox64u order) {
+  return order <= kIirSmallOrder ? kIirRuns : 1;
 }
 
 template <class K>
@@ -46,7 +46,7 @@ struct IirState {
   void* delay;  // direct: n elements and a zero; cascade: two of each section
   Nox32s order;
   void* numerator;    // direct: b from bn down to b0 for the sums over windows, then their imaginary parts in all lanes
-  Nox64f* recursion;  // rows of quads, by LookAhead
+  Nox64f* recursion;  // rows of LookAhead
   Nox32s sections;    // 0 in the direct form
   void* sample;       // cascade: b0, b0, b1, b2, -a1, -a2 of each section
   void* work;
@@ -63,25 +63,25 @@ struct IirLayout {
   static constexpr IirLayout direct(Nox64u n) {
     constexpr Nox64u kElement = sizeof(typename K::elem);
     const Nox64u wide = kFirWideTaps<typename K::elem> ? kFirWideLanes * sizeof(Nox64f) : 0;
-    return of<K>((2 * n + 1) * kElement, (n + 1) * kElement, (n + 1) * (kElement + wide), n * iir_quads<K>(n), 0);
+    return of<K>((2 * n + 1) * kElement, (n + 1) * kElement, (n + 1) * (kElement + wide), n * iir_runs<K>(n), 0);
   }
   template <class K>
   static constexpr IirLayout cascade(Nox64u n) {
     constexpr Nox64u kElement = sizeof(typename K::elem);
-    return of<K>(5 * n * kElement, 2 * n * kElement, 0, 2 * n * kIirQuads<K>, 6 * n * kElement);
+    return of<K>(5 * n * kElement, 2 * n * kElement, 0, 2 * n * kIirRuns, 6 * n * kElement);
   }
 
  private:
   static constexpr Nox64u round(Nox64u bytes) { return (bytes + kIirBoundary - 1) & ~Nox64u{kIirBoundary - 1}; }
   template <class K>
-  static constexpr IirLayout of(Nox64u taps, Nox64u delay, Nox64u numerator, Nox64u quads, Nox64u sample) {
+  static constexpr IirLayout of(Nox64u taps, Nox64u delay, Nox64u numerator, Nox64u rows, Nox64u sample) {
     constexpr Nox64u kElement = sizeof(typename K::elem);
     IirLayout l{};
     l.taps = IirKind<K>::kHeader;
     l.delay = round(l.taps + taps);
     l.numerator = round(l.delay + delay);
     l.recursion = round(l.numerator + numerator);
-    l.sample = l.recursion + quads * 4 * kElement;
+    l.sample = l.recursion + rows * RunOf<K>::factor::kDoubles * sizeof(Nox64f);
     l.work = round(l.sample + sample);
     l.end = l.work + kIirChunk * kElement;
     return l;
@@ -130,68 +130,72 @@ constexpr bool iir_size_exists(Nox64u bytes) { return bytes <= std::numeric_limi
 
 // The look-ahead coefficients of a recursion y[n] = w[n] - a[0] y[n-1] - a[1] y[n-2] ...: element (k, c) is what
 // y[n-1-k] contributes to y[n+c] with all between eliminated. So the outputs n..n+c depend on those before n and on w
-// alone, and the first element of each column is the response to w[n]. A row holds `quads` quads.
+// alone, and the first row is what w[n] contributes to those behind it. A row is as wide as `runs` runs.
 template <class K>
 struct LookAhead {
   using One = typename K::one;
   using E = typename K::elem;
-  static constexpr int kDoubles = kRow<typename QuadOf<K>::type>;
+  using Run = typename RunOf<K>::type;
+  using Factor = typename RunOf<K>::factor;
+  using Sum = typename RunOf<K>::sum;
   Nox64f* rows;
-  int quads;
+  int runs;
 
   void fill(const E* a, int order) const {
     for (int k = 0; k < order; ++k)
-      for (int c = 0; c < 4 * quads; ++c) {
+      for (int c = 0; c < Run::N * runs; ++c) {
         One sum = k + c < order ? One::zero() - One::load(a + k + c) : One::zero();
-        for (int j = 0; j < c && j < order; ++j) sum = sub_product(One::load(a + j), get(k, c - 1 - j), sum);
-        put(k, c, sum);
+        for (int j = 0; j < c && j < order; ++j) sum = sum - One::load(a + j) * One::all(get(k, c - 1 - j));
+        E value;
+        sum.store(&value);
+        Factor::put(run(k, c / Run::N), c % Run::N, value);
       }
   }
-  // Element c of the first row.
-  NOX_INLINE E response(int c) const {
-    E value;
-    get(0, c).store(&value);
-    return value;
-  }
+  NOX_INLINE E get(int k, int c) const { return Factor::get(run(k, c / Run::N), c % Run::N); }
 
  private:
-  NOX_INLINE Nox64f* place(int k, int c) const {
-    return rows + (static_cast<size_t>(k) * quads + c / 4) * kDoubles + c % 4;
-  }
-  NOX_INLINE One get(int k, int c) const {
-    const Nox64f* const p = place(k, c);
-    if constexpr (sizeof(E) == sizeof(Nox64f))
-      return One::load(p);
-    else
-      return One::all({p[0], p[4]});
-  }
-  NOX_INLINE void put(int k, int c, One value) const {
-    E e;
-    value.store(&e);
-    Nox64f* const p = place(k, c);
-    if constexpr (sizeof(E) == sizeof(Nox64f)) {
-      *p = e;
-    } else {
-      p[0] = e.re;
-      p[4] = e.im;
-    }
+  NOX_INLINE Nox64f* run(int k, int r) const {
+    return rows + (static_cast<size_t>(k) * static_cast<size_t>(runs) + static_cast<size_t>(r)) * Factor::kDoubles;
   }
 };
 
-// Sum of the products of a recursion's newest Near outputs, of which `last` ends with the newest, by their rows. Two
-// chains, as this is what the next outputs wait for.
-template <int Near, class Q>
-NOX_INLINE Q add_newest(const Nox64f* row, size_t step, Q last, Q sum) {
-  const auto coefficients = [&](size_t k) { return load_row<Q>(row + k * step); };
-  if constexpr (Near >= 2) sum = add_product(coefficients(1), lane<2>(last), sum);
-  sum = add_product(coefficients(0), lane<3>(last), sum);
-  if constexpr (Near == 3) return sum + coefficients(2) * lane<1>(last);
-  if constexpr (Near == 4) {
-    const Q older = add_product(coefficients(3), lane<0>(last), coefficients(2) * lane<1>(last));
-    return sum + older;
+// The recursion within a block of Runs runs whose table is the widest such, for a filter whose newest Near outputs, at
+// most a run, are in a register.
+template <class K, int Runs, int Near>
+struct Recursion {
+  using Run = typename RunOf<K>::type;
+  using Factor = typename RunOf<K>::factor;
+  using Sum = typename RunOf<K>::sum;
+  static constexpr size_t kRow = Runs * Factor::kDoubles;
+  const Nox64f* rows;
+  Factor moved[Run::N - 1];  // what a value contributes to those one, two, three places on
+
+  NOX_INLINE explicit Recursion(Nox64f* table) : rows(table) {
+    for (int i = 0; i < Run::N - 1; ++i) moved[i] = Factor::all(LookAhead<K>{table, Runs}.get(0, i));
   }
-  return sum;
-}
+  // The factors by which output n-1-k contributes to run r of the block.
+  NOX_INLINE Factor factor(int k, int r) const {
+    return Factor::load(rows + static_cast<size_t>(k) * kRow + static_cast<size_t>(r) * Factor::kDoubles);
+  }
+
+  // Sums that begin with the inputs w become the outputs there would be if all before the block were zeros.
+  template <size_t N>
+  NOX_INLINE void alone(Sum (&sum)[N], const Run (&w)[N]) const {
+    for (size_t r = 0; r < N; ++r) {
+      if constexpr (Run::N > 2) sum[r].template add_moved<2>(moved[1], w[r]);
+      sum[r].template add_moved<1>(moved[0], w[r]);
+      if constexpr (Run::N > 3) sum[r].template add_moved<3>(moved[2], w[r]);
+      if (r > 0) add_newest(sum[r], 0, sum[r - 1].total());
+    }
+  }
+  // Adds to run r what the newest outputs before contribute, with which `last` ends.
+  NOX_INLINE void add_newest(Sum& sum, int r, Run last) const {
+    if constexpr (Near >= 4) sum.add(factor(3, r), lane<Run::N - 4>(last));
+    if constexpr (Near >= 3) sum.add(factor(2, r), lane<Run::N - 3>(last));
+    if constexpr (Near >= 2) sum.add(factor(1, r), lane<Run::N - 2>(last));
+    sum.add(factor(0, r), lane<Run::N - 1>(last));
+  }
+};
 
 }  // namespace NOX_VARIANT
 }  // namespace nox

@@ -13,9 +13,10 @@ template <class K>
 struct IirCascade {
   using E = typename K::elem;
   using One = typename K::one;
-  using Q = typename QuadOf<K>::type;
-  static constexpr int kQuads = kIirQuads<K>;
-  static constexpr size_t kStep = kQuads * kRow<Q>;
+  using Run = typename RunOf<K>::type;
+  using Factor = typename RunOf<K>::factor;
+  using Sum = typename RunOf<K>::sum;
+  using Outputs = Recursion<K, kIirRuns, 2>;
   const IirState& state;
   const int sections;
 
@@ -24,7 +25,7 @@ struct IirCascade {
   // n samples, at most a chunk; y may be x.
   NOX_INLINE void filter(const E* x, E* y, int n) const {
     if (n <= 4 * sections) return steps(x, y, n);
-    const int whole = n & ~3;
+    const int whole = n / Run::N * Run::N;
     for (int s = 0; s < sections; ++s) section(s, s ? y : x, y, static_cast<size_t>(whole));
     steps(x + whole, y + whole, n - whole);
   }
@@ -40,56 +41,60 @@ struct IirCascade {
         const E* const t = row(s);
         E* const d = delay(s);
         const One in = v;
-        v = add_product(One::load(t), in, One::load(d));
-        add_product(One::load(t + 2), in, add_product(One::load(t + 4), v, One::load(d + 1))).store(d);
-        add_product(One::load(t + 3), in, One::load(t + 5) * v).store(d + 1);
+        v = One::load(t) * in + One::load(d);
+        (One::load(t + 2) * in + (One::load(t + 4) * v + One::load(d + 1))).store(d);
+        (One::load(t + 3) * in + One::load(t + 5) * v).store(d + 1);
       }
       v.store(y + i);
     }
   }
 
-  // n samples, a multiple of four, through section s.
+  // n samples, whole runs, through section s.
   __attribute__((noinline)) void section(int s, const E* x, E* y, size_t n) const {
     const E* const t = row(s);
     E* const d = delay(s);
-    Nox64f* const rows = state.recursion + 2 * kStep * static_cast<size_t>(s);
-    const LookAhead<K> table{rows, kQuads};
-    const Q b0 = Q::all(t[0]), b1 = Q::all(t[2]), b2 = Q::all(t[3]);
-    const Q t1 = Q::all(table.response(0)), t2 = Q::all(table.response(1)), t3 = Q::all(table.response(2));
+    const Outputs recursion(state.recursion + 2 * Outputs::kRow * static_cast<size_t>(s));
+    const Factor b0 = Factor::all(t[0]), b1 = Factor::all(t[2]), b2 = Factor::all(t[3]);
     // The past is what the delay line adds to the first two outputs, so the samples and outputs before count as zeros.
-    Q in = Q::load(x);
-    Q last = add_moved(add_product(b2, two_back(Q::zero(), in),
-                                   add_product(b1, one_back(Q::zero(), in), add_product(b0, in, Q::pair(d[0], d[1])))),
-                       t1, t2, t3);
-    last.store(y);
-    const auto alone = [&](const E* from) {
-      const Q next = Q::load(from);
-      const Q w = add_product(b2, two_back(in, next), add_product(b1, one_back(in, next), b0 * next));
-      in = next;
-      return add_moved(w, t1, t2, t3);
-    };
-    x += 4, y += 4, n -= 4;
-    if constexpr (kQuads > 1) {
-      for (; n >= 8; n -= 8, x += 8, y += 8) {
-        Q low = alone(x), high = alone(x + 4);
-        high = add_newest<2>(rows, kStep, low, high);
-        low = add_newest<2>(rows, kStep, last, low);
-        last = add_newest<2>(rows + kRow<Q>, kStep, last, high);
-        low.store(y);
-        last.store(y + 4);
+    Run in = Run::zero(), last = Run::zero(), start = Run::two(d);
+    const auto block = [&](auto runs) {
+      constexpr int kRuns = decltype(runs)::value;
+      Run w[kRuns];
+      Sum sum[kRuns];
+      for (int r = 0; r < kRuns; ++r) {
+        const Run next = Run::load(x + r * Run::N);
+        Sum numerator = Sum::from(r ? Run::zero() : start);
+        numerator.add(b0, next);
+        numerator.add(b1, one_back(in, next));
+        numerator.add(b2, two_back(in, next));
+        in = next;
+        w[r] = numerator.total();
+        sum[r] = Sum::from(w[r]);
       }
+      recursion.alone(sum, w);
+      const Run before = last;
+      for (int r = 0; r < kRuns; ++r) {
+        recursion.add_newest(sum[r], r, before);
+        last = sum[r].total();
+        last.store(y + r * Run::N);
+      }
+      start = Run::zero();
+      x += kRuns * Run::N;
+      y += kRuns * Run::N;
+      n -= kRuns * Run::N;
+    };
+    while (n >= kIirRuns * Run::N) block(std::integral_constant<int, kIirRuns>{});
+    if constexpr (kIirRuns > 1) {
+      if (n) block(std::integral_constant<int, 1>{});
     }
-    for (; n; n -= 4, x += 4, y += 4) {
-      last = add_newest<2>(rows, kStep, last, alone(x));
-      last.store(y);
-    }
-    E xs[4], ys[4];
+    E xs[Run::N], ys[Run::N];
     in.store(xs);
     last.store(ys);
-    const One x1 = One::load(xs + 3), x2 = One::load(xs + 2), y1 = One::load(ys + 3), y2 = One::load(ys + 2);
+    const One x1 = One::load(xs + Run::N - 1), x2 = One::load(xs + Run::N - 2);
+    const One y1 = One::load(ys + Run::N - 1), y2 = One::load(ys + Run::N - 2);
     const One c1 = One::load(t + 2), c2 = One::load(t + 3), r0 = One::load(t + 4), r1 = One::load(t + 5);
-    add_product(r0, y1, add_product(r1, y2, add_product(c1, x1, c2 * x2))).store(d);
-    add_product(r1, y1, c2 * x1).store(d + 1);
+    ((c2 * x2 + c1 * x1) + (r1 * y2 + r0 * y1)).store(d);
+    (c2 * x1 + r1 * y1).store(d + 1);
   }
 };
 

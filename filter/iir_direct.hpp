@@ -9,61 +9,54 @@
 namespace nox {
 inline namespace NOX_VARIANT {
 
-// The recursion over `count` outputs at y, behind at least `order` earlier ones: the newest four outputs are taken from
+// The recursion over `count` outputs at y, behind at least `order` earlier ones: the newest run of outputs is taken from
 // a register, older ones from memory, where they have long arrived.
-template <class K, int Quads, int Near>
-__attribute__((noinline)) void iir_recursion(typename K::elem* y, const typename K::elem* w, size_t count, Nox64f* rows,
-                                             int order) {
+template <class K, int Runs, int Near>
+__attribute__((noinline)) void iir_recursion(typename K::elem* y, const typename K::elem* w, size_t count,
+                                             Nox64f* rows, int order) {
   using E = typename K::elem;
-  using Q = typename QuadOf<K>::type;
   using One = typename K::one;
-  constexpr size_t kStep = Quads * kRow<Q>;
-  const LookAhead<K> table{rows, Quads};
-  const Q t1 = Q::all(table.response(0)), t2 = Q::all(table.response(1)), t3 = Q::all(table.response(2));
-  E newest[4] = {};
-  for (int k = 0; k < Near; ++k) newest[3 - k] = y[-1 - k];
-  Q last = Q::load(newest);
-  const size_t older = static_cast<size_t>(order) * kStep;  // end of the rows
+  using Run = typename RunOf<K>::type;
+  using Sum = typename RunOf<K>::sum;
+  const Recursion<K, Runs, Near> recursion(rows);
+  E newest[Run::N] = {};
+  for (int k = 0; k < Near; ++k) newest[Run::N - 1 - k] = y[-1 - k];
+  Run last = Run::load(newest);
 
-  // Quads of outputs at a time, by the first of the columns.
-  const auto block = [&](auto quads) {
-    constexpr int kQuads = decltype(quads)::value;
-    Q sum[kQuads];
-    sum[0] = add_moved(Q::load(w), t1, t2, t3);
-    if constexpr (kQuads > 1) {
-      // What the first four contribute to the next four, but for the outputs before both.
-      const Q next = add_moved(Q::load(w + 4), t1, t2, t3);
-      sum[1] = add_newest<Near>(rows, kStep, sum[0], next);
+  // Runs at a time, by the first of the columns.
+  const auto block = [&](auto runs) {
+    constexpr int kRuns = decltype(runs)::value;
+    Run in[kRuns];
+    Sum sum[kRuns];
+    for (int r = 0; r < kRuns; ++r) {
+      in[r] = Run::load(w + r * Run::N);
+      sum[r] = Sum::from(in[r]);
     }
-    if constexpr (Near == 4) {
-      const E* h = y - 5;
-      for (size_t k = 4 * kStep; k < older; k += kStep, --h) {
-        const Q past = Q::all(*h);
-        for (int q = 0; q < kQuads; ++q) sum[q] = add_product(load_row<Q>(rows + k + q * kRow<Q>), past, sum[q]);
+    recursion.alone(sum, in);
+    if constexpr (Near == Run::N) {
+      for (int k = Near; k < order; ++k) {
+        const Run past = Run::all(y[-1 - k]);
+        for (int r = 0; r < kRuns; ++r) sum[r].add(recursion.factor(k, r), past);
       }
     }
-    for (int q = 0; q < kQuads; ++q) {
-      sum[q] = add_newest<Near>(rows + q * kRow<Q>, kStep, last, sum[q]);
-      sum[q].store(y + 4 * q);
+    const Run before = last;
+    for (int r = 0; r < kRuns; ++r) {
+      recursion.add_newest(sum[r], r, before);
+      last = sum[r].total();
+      last.store(y + r * Run::N);
     }
-    last = sum[kQuads - 1];
-    y += 4 * kQuads;
-    w += 4 * kQuads;
-    count -= 4 * kQuads;
+    y += kRuns * Run::N;
+    w += kRuns * Run::N;
+    count -= kRuns * Run::N;
   };
-  while (count >= 4 * Quads) block(std::integral_constant<int, Quads>{});
-  if constexpr (Quads > 1) {
-    if (count >= 4) block(std::integral_constant<int, 1>{});
+  while (count >= Runs * Run::N) block(std::integral_constant<int, Runs>{});
+  if constexpr (Runs > 1) {
+    if (count >= Run::N) block(std::integral_constant<int, 1>{});
   }
+  const LookAhead<K> table{rows, Runs};
   for (; count; --count, ++y, ++w) {
     One sum = One::load(w);
-    for (int k = order - 1; k >= 0; --k) {
-      const Nox64f* const r = rows + static_cast<size_t>(k) * kStep;
-      if constexpr (sizeof(E) == sizeof(Nox64f))
-        sum = add_product(One::load(r), One::load(y - 1 - k), sum);
-      else
-        sum = add_product(One::all({r[0], r[4]}), One::load(y - 1 - k), sum);
-    }
+    for (int k = order - 1; k >= 0; --k) sum = sum + One::all(table.get(k, 0)) * One::load(y - 1 - k);
     sum.store(y);
   }
 }
@@ -93,10 +86,10 @@ struct IirDirect {
   void steps(const E* x, E* y, int n) const {
     const One b0 = One::load(b);
     for (int i = 0; i < n; ++i) {
-      const One in = One::load(x + i), out = add_product(b0, in, One::load(d));
+      const One in = One::load(x + i), out = b0 * in + One::load(d);
       for (int k = 0; k < order; ++k) {
-        const One fed = add_product(One::load(b + k + 1), in, One::load(d + k + 1));
-        sub_product(One::load(a + k), out, fed).store(d + k);
+        const One fed = One::load(b + k + 1) * in + One::load(d + k + 1);
+        (fed - One::load(a + k) * out).store(d + k);
       }
       out.store(y + i);
     }
@@ -107,7 +100,7 @@ struct IirDirect {
   NOX_INLINE void tails(Op op, const E* taps, const E* s) const {
     for (int i = 0; i < order; ++i) {
       One sum = One::zero();
-      for (int j = 0; j < order - i; ++j) sum = add_product(One::load(taps + order - 1 - j), One::load(s + i + j), sum);
+      for (int j = 0; j < order - i; ++j) sum = sum + One::load(taps + order - 1 - j) * One::load(s + i + j);
       op(sum, One::load(d + i)).store(d + i);
     }
   }
@@ -125,24 +118,17 @@ struct IirDirect {
   }
 
   NOX_INLINE void recursion(E* y, const E* w, size_t count) const {
-    if constexpr (kIirQuads < K >> 1) {
-      if (order <= kIirSmallOrder) return recursion_by<kIirQuads<K>>(y, w, count);
+    if constexpr (kIirRuns > 1) {
+      if (order <= kIirSmallOrder) return recursion_by<kIirRuns>(y, w, count);
     }
     recursion_by<1>(y, w, count);
   }
-  template <int Quads>
+  template <int Runs, int Near = 1>
   NOX_INLINE void recursion_by(E* y, const E* w, size_t count) const {
-    Nox64f* const rows = state.recursion;
-    switch (order) {
-      case 1:
-        return iir_recursion<K, Quads, 1>(y, w, count, rows, order);
-      case 2:
-        return iir_recursion<K, Quads, 2>(y, w, count, rows, order);
-      case 3:
-        return iir_recursion<K, Quads, 3>(y, w, count, rows, order);
-      default:
-        return iir_recursion<K, Quads, 4>(y, w, count, rows, order);
-    }
+    if (order == Near || Near == RunOf<K>::type::N)
+      iir_recursion<K, Runs, Near>(y, w, count, state.recursion, order);
+    else if constexpr (Near < RunOf<K>::type::N)
+      recursion_by<Runs, Near + 1>(y, w, count);
   }
 };
 
