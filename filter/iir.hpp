@@ -18,12 +18,12 @@ constexpr size_t kIirBoundary = 32;
 constexpr int kIirSmallOrder = 8;  // up to here the direct form's memory has room for tables of eight columns
 
 // Runs that a recursion yields at a time. With two, its latency counts half as much; the additional products are worth
-// it where a run is one vector. Direct forms beyond the small orders have no room for so wide a table if they are real,
-// and little need.
+// it where a run is one vector. Real direct forms beyond the small orders have no room for so wide a table, and little
+// need.
 constexpr int kIirRuns = NOX_LEVEL >= 3 ? 2 : 1;
 template <class K>
 constexpr int iir_runs(Nox64u order) {
-  return order <= kIirSmallOrder ? kIirRuns : 1;
+  return order <= kIirSmallOrder || RunOf<K>::type::N < 4 ? kIirRuns : 1;
 }
 
 template <class K>
@@ -188,12 +188,17 @@ struct Recursion {
       if (r > 0) add_newest(sum[r], 0, sum[r - 1].total());
     }
   }
-  // Adds to run r what the newest outputs before contribute, with which `last` ends.
+  // Adds to run r what the newest outputs before contribute, with which `last` ends. The next ones wait for this, so
+  // no more than two products hang on one another.
   NOX_INLINE void add_newest(Sum& sum, int r, Run last) const {
-    if constexpr (Near >= 4) sum.add(factor(3, r), lane<Run::N - 4>(last));
-    if constexpr (Near >= 3) sum.add(factor(2, r), lane<Run::N - 3>(last));
     if constexpr (Near >= 2) sum.add(factor(1, r), lane<Run::N - 2>(last));
     sum.add(factor(0, r), lane<Run::N - 1>(last));
+    if constexpr (Near >= 3) {
+      Sum older = Sum::from(Run::zero());
+      if constexpr (Near >= 4) older.add(factor(3, r), lane<Run::N - 4>(last));
+      older.add(factor(2, r), lane<Run::N - 3>(last));
+      sum.add(older);
+    }
   }
 };
 

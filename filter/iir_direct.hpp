@@ -9,11 +9,11 @@
 namespace nox {
 inline namespace NOX_VARIANT {
 
-// The recursion over `count` outputs at y, behind at least `order` earlier ones: the newest run of outputs is taken from
-// a register, older ones from memory, where they have long arrived.
-template <class K, int Runs, int Near>
-__attribute__((noinline)) void iir_recursion(typename K::elem* y, const typename K::elem* w, size_t count,
-                                             Nox64f* rows, int order) {
+// The recursion over `count` outputs at y, behind at least `order` earlier ones: the newest run of outputs is taken
+// from a register, older ones from memory, where they have long arrived.
+template <class K, int Runs, int Near, bool Far>
+__attribute__((noinline)) void iir_recursion(typename K::elem* y, const typename K::elem* w, size_t count, Nox64f* rows,
+                                             int order) {
   using E = typename K::elem;
   using One = typename K::one;
   using Run = typename RunOf<K>::type;
@@ -33,11 +33,14 @@ __attribute__((noinline)) void iir_recursion(typename K::elem* y, const typename
       sum[r] = Sum::from(in[r]);
     }
     recursion.alone(sum, in);
-    if constexpr (Near == Run::N) {
-      for (int k = Near; k < order; ++k) {
+    if constexpr (Far) {
+      Sum far[kRuns];
+      for (Sum& f : far) f = Sum::from(Run::zero());
+      for (int k = order - 1; k >= Near; --k) {
         const Run past = Run::all(y[-1 - k]);
-        for (int r = 0; r < kRuns; ++r) sum[r].add(recursion.factor(k, r), past);
+        for (int r = 0; r < kRuns; ++r) far[r].add(recursion.factor(k, r), past);
       }
+      for (int r = 0; r < kRuns; ++r) sum[r].add(far[r]);
     }
     const Run before = last;
     for (int r = 0; r < kRuns; ++r) {
@@ -118,16 +121,18 @@ struct IirDirect {
   }
 
   NOX_INLINE void recursion(E* y, const E* w, size_t count) const {
-    if constexpr (kIirRuns > 1) {
-      if (order <= kIirSmallOrder) return recursion_by<kIirRuns>(y, w, count);
-    }
-    recursion_by<1>(y, w, count);
+    if (iir_runs<K>(static_cast<Nox64u>(order)) == kIirRuns)
+      recursion_by<kIirRuns>(y, w, count);
+    else
+      recursion_by<1>(y, w, count);
   }
   template <int Runs, int Near = 1>
   NOX_INLINE void recursion_by(E* y, const E* w, size_t count) const {
-    if (order == Near || Near == RunOf<K>::type::N)
-      iir_recursion<K, Runs, Near>(y, w, count, state.recursion, order);
-    else if constexpr (Near < RunOf<K>::type::N)
+    if (order == Near)
+      iir_recursion<K, Runs, Near, false>(y, w, count, state.recursion, order);
+    else if constexpr (Near == RunOf<K>::type::N)
+      iir_recursion<K, Runs, Near, true>(y, w, count, state.recursion, order);
+    else
       recursion_by<Runs, Near + 1>(y, w, count);
   }
 };

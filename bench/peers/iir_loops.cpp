@@ -18,8 +18,7 @@ static inline complex minus_product(complex c, complex a, complex b) {
 // Taps are b0, b1, b2, a1, a2.
 // In place from the second section on.
 template <class T>
-PEER_OUT_OF_LINE void section(const T* x, T* y, int len, const T* __restrict taps,
-                              T* __restrict d) {
+PEER_OUT_OF_LINE void section(const T* x, T* y, int len, const T* __restrict taps, T* __restrict d) {
   const T b0 = taps[0], b1 = taps[1], b2 = taps[2], a1 = taps[3], a2 = taps[4];
   T d0 = d[0], d1 = d[1];
   for (int i = 0; i < len; ++i) {
@@ -33,8 +32,8 @@ PEER_OUT_OF_LINE void section(const T* x, T* y, int len, const T* __restrict tap
 }
 // Taps are b0..bn, a1..an.
 template <class T>
-PEER_OUT_OF_LINE void direct(const T* __restrict x, T* __restrict y, int len, const T* __restrict taps,
-                             T* __restrict d, int order) {
+PEER_OUT_OF_LINE void direct(const T* __restrict x, T* __restrict y, int len, const T* __restrict taps, T* __restrict d,
+                             int order) {
   const T *b = taps, *a = taps + order;
   for (int i = 0; i < len; ++i) {
     const T in = x[i], out = plus_product(d[0], b[0], in);

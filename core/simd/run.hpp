@@ -23,6 +23,7 @@ struct RealRun {
   static NOX_INLINE RealRun two(const elem* p) { return {{_mm256_set_pd(0, 0, p[1], p[0])}}; }
   NOX_INLINE void store(elem* p) const { v.store(p); }
 };
+NOX_INLINE RealRun operator+(RealRun a, RealRun b) { return {a.v + b.v}; }
 NOX_INLINE RealRun add_product(RealRun a, RealRun b, RealRun c) { return {madd(a.v, b.v, c.v)}; }
 
 // One half in both.
@@ -67,6 +68,7 @@ struct RealRun {
     high.store(p + 2);
   }
 };
+NOX_INLINE RealRun operator+(RealRun a, RealRun b) { return {a.low + b.low, a.high + b.high}; }
 NOX_INLINE RealRun add_product(RealRun a, RealRun b, RealRun c) {
   return {madd(a.low, b.low, c.low), madd(a.high, b.high, c.high)};
 }
@@ -152,6 +154,7 @@ struct RealSum {
   NOX_INLINE void add_moved(RealFactor t, RealRun a) {
     value = nox::add_moved<I>(value, t.v, a);
   }
+  NOX_INLINE void add(RealSum other) { value = value + other.value; }
   NOX_INLINE RealRun total() const { return value; }
 };
 struct ComplexSum {
@@ -165,6 +168,10 @@ struct ComplexSum {
   NOX_INLINE void add_moved(ComplexFactor t, ComplexRun a) {
     by_re = nox::add_moved<2 * I>(by_re, t.re, a.v);
     by_im = nox::add_moved<2 * I>(by_im, t.im, a.v);
+  }
+  NOX_INLINE void add(ComplexSum other) {
+    by_re = by_re + other.by_re;
+    by_im = by_im + other.by_im;
   }
   NOX_INLINE ComplexRun total() const { return {join(by_re, by_im)}; }
 };

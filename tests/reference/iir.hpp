@@ -4,14 +4,20 @@
 // An output's rounding errors are at most some units of 2^-53 times the magnitudes of its terms, and reach later
 // outputs as an input to 1 / (a0 + a1 z + ...) would: times the sum of the magnitudes of that filter's response.
 #pragma once
-#include <complex>
+#include <algorithm>
 #include <vector>
 
 #include "reference/fir.hpp"
 
 namespace reference {
 
-using Wide = std::complex<long double>;
+struct Wide {
+  long double re = 0, im = 0;
+};
+inline Wide operator+(Wide a, Wide b) { return {a.re + b.re, a.im + b.im}; }
+inline Wide operator-(Wide a, Wide b) { return {a.re - b.re, a.im - b.im}; }
+inline Wide operator*(Wide a, Wide b) { return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re}; }
+inline long double size(Wide a) { return std::fabs(a.re) + std::fabs(a.im); }
 template <class T>
 Wide wide(const T& a) {
   return {real_part(a), imag_part(a)};
@@ -41,14 +47,14 @@ class Iir {
   // Filters the signal in place; `error` bounds how far off its elements are, before and after.
   void run(std::vector<Wide>& signal, long double& error) {
     const size_t order = a_.size() - 1;
-    const std::vector<Wide> one = response({1}), all = response(b_);
+    const std::vector<Wide> one = response({{1}}), all = response(b_);
     long double terms = 0;
     for (Wide& v : signal) {
       const Wide x = v, y = b_[0] * x + d_[0];
-      long double size = std::abs(d_[0]);
+      long double sizes = size(d_[0]);
       for (size_t k = 0; k < order; ++k) d_[k] = b_[k + 1] * x - a_[k + 1] * y + d_[k + 1];
-      for (size_t k = 0; k <= order; ++k) size += std::abs(b_[k] * x) + std::abs(a_[k] * y) + std::abs(d_[k]);
-      terms = std::max(terms, size);
+      for (size_t k = 0; k <= order; ++k) sizes += size(b_[k] * x) + size(a_[k] * y) + size(d_[k]);
+      terms = std::max(terms, sizes);
       v = y;
     }
     error = error * sum(all) + terms * sum(one) * static_cast<long double>(4 * (order + 4)) * 0x1p-53L;
@@ -57,15 +63,15 @@ class Iir {
  private:
   static long double sum(const std::vector<Wide>& values) {
     long double all = 0;
-    for (const Wide& v : values) all += std::abs(v);
+    for (const Wide& v : values) all += size(v);
     return all;
   }
   // What b / a answers to a single 1.
   std::vector<Wide> response(const std::vector<Wide>& b) const {
-    std::vector<Wide> h(600);
+    std::vector<Wide> h(300);
     for (size_t n = 0; n < h.size(); ++n) {
       h[n] = n < b.size() ? b[n] : Wide{};
-      for (size_t k = 1; k < a_.size() && k <= n; ++k) h[n] -= a_[k] * h[n - k];
+      for (size_t k = 1; k < a_.size() && k <= n; ++k) h[n] = h[n] - a_[k] * h[n - k];
     }
     return h;
   }
