@@ -194,9 +194,8 @@ struct Recursion {
     if constexpr (Near >= 2) sum.add(factor(1, r), lane<Run::N - 2>(last));
     sum.add(factor(0, r), lane<Run::N - 1>(last));
     if constexpr (Near >= 3) {
-      Sum older = Sum::from(Run::zero());
+      Sum older = Sum::of(factor(2, r), lane<Run::N - 3>(last));
       if constexpr (Near >= 4) older.add(factor(3, r), lane<Run::N - 4>(last));
-      older.add(factor(2, r), lane<Run::N - 3>(last));
       sum.add(older);
     }
   }

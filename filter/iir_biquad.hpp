@@ -55,20 +55,19 @@ struct IirCascade {
     E* const d = delay(s);
     const Outputs recursion(state.recursion + 2 * Outputs::kRow * static_cast<size_t>(s));
     const Factor b0 = Factor::all(t[0]), b1 = Factor::all(t[2]), b2 = Factor::all(t[3]);
-    // The past is what the delay line adds to the first two outputs, so the samples and outputs before count as zeros.
-    Run in = Run::zero(), last = Run::zero(), start = Run::two(d);
-    const auto block = [&](auto runs) {
+    Run in = Run::zero(), last = Run::zero();
+    // Outputs of some runs; `numerator` begins the sums for the samples of one.
+    const auto block = [&](auto runs, auto numerator) {
       constexpr int kRuns = decltype(runs)::value;
       Run w[kRuns];
       Sum sum[kRuns];
       for (int r = 0; r < kRuns; ++r) {
         const Run next = Run::load(x + r * Run::N);
-        Sum numerator = Sum::from(r ? Run::zero() : start);
-        numerator.add(b0, next);
-        numerator.add(b1, one_back(in, next));
-        numerator.add(b2, two_back(in, next));
+        sum[r] = numerator(next);
+        sum[r].add(b1, one_back(in, next));
+        sum[r].add(b2, two_back(in, next));
         in = next;
-        w[r] = numerator.total();
+        w[r] = sum[r].total();
         sum[r] = Sum::from(w[r]);
       }
       recursion.alone(sum, w);
@@ -78,15 +77,20 @@ struct IirCascade {
         last = sum[r].total();
         last.store(y + r * Run::N);
       }
-      start = Run::zero();
       x += kRuns * Run::N;
       y += kRuns * Run::N;
       n -= kRuns * Run::N;
     };
-    while (n >= kIirRuns * Run::N) block(std::integral_constant<int, kIirRuns>{});
-    if constexpr (kIirRuns > 1) {
-      if (n) block(std::integral_constant<int, 1>{});
-    }
+    const std::integral_constant<int, 1> single;
+    // The past is what the delay line adds to the first two outputs, so the samples and outputs before count as zeros.
+    block(single, [&](Run next) {
+      Sum sum = Sum::from(Run::two(d));
+      sum.add(b0, next);
+      return sum;
+    });
+    const auto plain = [&](Run next) { return Sum::of(b0, next); };
+    while (n >= kIirRuns * Run::N) block(std::integral_constant<int, kIirRuns>{}, plain);
+    if (kIirRuns > 1 && n) block(single, plain);
     E xs[Run::N], ys[Run::N];
     in.store(xs);
     last.store(ys);

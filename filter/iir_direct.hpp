@@ -35,8 +35,9 @@ __attribute__((noinline)) void iir_recursion(typename K::elem* y, const typename
     recursion.alone(sum, in);
     if constexpr (Far) {
       Sum far[kRuns];
-      for (Sum& f : far) f = Sum::from(Run::zero());
-      for (int k = order - 1; k >= Near; --k) {
+      const Run oldest = Run::all(y[-order]);
+      for (int r = 0; r < kRuns; ++r) far[r] = Sum::of(recursion.factor(order - 1, r), oldest);
+      for (int k = order - 2; k >= Near; --k) {
         const Run past = Run::all(y[-1 - k]);
         for (int r = 0; r < kRuns; ++r) far[r].add(recursion.factor(k, r), past);
       }

@@ -24,6 +24,7 @@ struct RealRun {
   NOX_INLINE void store(elem* p) const { v.store(p); }
 };
 NOX_INLINE RealRun operator+(RealRun a, RealRun b) { return {a.v + b.v}; }
+NOX_INLINE RealRun operator*(RealRun a, RealRun b) { return {a.v * b.v}; }
 NOX_INLINE RealRun add_product(RealRun a, RealRun b, RealRun c) { return {madd(a.v, b.v, c.v)}; }
 
 // One half in both.
@@ -69,6 +70,7 @@ struct RealRun {
   }
 };
 NOX_INLINE RealRun operator+(RealRun a, RealRun b) { return {a.low + b.low, a.high + b.high}; }
+NOX_INLINE RealRun operator*(RealRun a, RealRun b) { return {a.low * b.low, a.high * b.high}; }
 NOX_INLINE RealRun add_product(RealRun a, RealRun b, RealRun c) {
   return {madd(a.low, b.low, c.low), madd(a.high, b.high, c.high)};
 }
@@ -149,6 +151,7 @@ struct ComplexFactor {
 struct RealSum {
   RealRun value;
   static NOX_INLINE RealSum from(RealRun x) { return {x}; }
+  static NOX_INLINE RealSum of(RealFactor t, RealRun x) { return {t.v * x}; }
   NOX_INLINE void add(RealFactor t, RealRun x) { value = add_product(t.v, x, value); }
   template <int I>
   NOX_INLINE void add_moved(RealFactor t, RealRun a) {
@@ -160,6 +163,7 @@ struct RealSum {
 struct ComplexSum {
   RealRun by_re, by_im;
   static NOX_INLINE ComplexSum from(ComplexRun x) { return {x.v, RealRun::zero()}; }
+  static NOX_INLINE ComplexSum of(ComplexFactor t, ComplexRun x) { return {t.re * x.v, t.im * x.v}; }
   NOX_INLINE void add(ComplexFactor t, ComplexRun x) {
     by_re = add_product(t.re, x.v, by_re);
     by_im = add_product(t.im, x.v, by_im);
