@@ -58,8 +58,7 @@ NOX_INLINE NoxStatus iir_init(NoxIIRState** out, const E* taps, int order, const
   IirState* const state = lay_out<K>(buffer, at, line, order);
   state->id = IirKind<K>::kDirect;
   state->order = order;
-  E* const reversed = place<E>(reinterpret_cast<Nox8u*>(state), at.numerator);
-  state->numerator = reversed;
+  state->numerator = place<E>(reinterpret_cast<Nox8u*>(state), at.numerator);
   state->secondWork = state->work;
   static_cast<E*>(state->delay)[order] = {};
   *out = reinterpret_cast<NoxIIRState*>(state);
@@ -69,11 +68,9 @@ NOX_INLINE NoxStatus iir_init(NoxIIRState** out, const E* taps, int order, const
   const One factor = One::all(reciprocal(a0));
   for (int k = 0; k <= order; ++k) (One::load(taps + k) * factor).store(own + k);
   for (int k = 1; k <= order; ++k) (One::load(taps + order + 1 + k) * factor).store(own + order + k);
-  map_reversed<K>(reversed, own, order + 1, Keep{});
-  if constexpr (kFirWideTaps<E>) {
-    Nox64f* const wide = reinterpret_cast<Nox64f*>(reversed + order + 1);
-    for (int k = 0; k <= order; ++k) f64::vec::all(reversed[k].im).store(wide + kFirWideLanes * static_cast<size_t>(k));
-  }
+  IirDirect<K> filter(*state);
+  filter.numerator.fill(own);
+  filter.denominator.fill(own + order + 1);
   LookAhead<K>{state->recursion, iir_runs<K>(static_cast<Nox64u>(order))}.fill(own + order + 1, order);
   return noxStsNoErr;
 }

@@ -6,6 +6,7 @@
 #pragma once
 #include <limits>
 
+#include "core/drivers.hpp"
 #include "core/simd/run.hpp"
 #include "filter/fir_kernels.hpp"
 #include "nox/filter.h"
@@ -45,7 +46,7 @@ struct IirState {
   void* taps;   // direct: b0..bn, a1..an; cascade: b0, b1, b2, a1, a2 of each section; all divided by a0
   void* delay;  // direct: n elements and a zero; cascade: two of each section
   Nox32s order;
-  void* numerator;    // direct: b from bn down to b0 for the sums over windows, then their imaginary parts in all lanes
+  void* numerator;    // direct: IirWindows of b0..bn, then of a1..an
   Nox64f* recursion;  // rows of LookAhead
   Nox32s sections;    // 0 in the direct form
   void* sample;       // cascade: b0, b0, b1, b2, -a1, -a2 of each section
@@ -55,6 +56,26 @@ struct IirState {
   Nox32s phase, history;
 };
 
+// Taps in the reverse order, for sums over windows of a signal, and behind them their imaginary parts in all lanes.
+template <class K>
+struct IirWindow {
+  using E = typename K::elem;
+  static constexpr size_t kBytes = sizeof(E) + (kFirWideTaps<E> ? kFirWideLanes * sizeof(Nox64f) : 0);  // a tap
+  E* taps;
+  int count;
+
+  NOX_INLINE Nox64f* wide() const { return reinterpret_cast<Nox64f*>(taps + count); }
+  void fill(const E* from) const {
+    map_reversed<K>(taps, from, count, Keep{});
+    if constexpr (kFirWideTaps<E>)
+      for (int k = 0; k < count; ++k) f64::vec::all(taps[k].im).store(wide() + static_cast<int>(kFirWideLanes) * k);
+  }
+  // d[i] = sum over j of s[i + j] * tap count - 1 - j; the arrays don't overlap.
+  __attribute__((noinline)) void sums(const E* s, E* d, int n) const {
+    fir_outputs<K>(s, d, static_cast<size_t>(n), FirTaps<E>{taps, taps + count, wide()});
+  }
+};
+
 // Places, in bytes behind the record.
 struct IirLayout {
   Nox64u taps, delay, numerator, recursion, sample, work, end;
@@ -62,8 +83,7 @@ struct IirLayout {
   template <class K>
   static constexpr IirLayout direct(Nox64u n) {
     constexpr Nox64u kElement = sizeof(typename K::elem);
-    const Nox64u wide = kFirWideTaps<typename K::elem> ? kFirWideLanes * sizeof(Nox64f) : 0;
-    return of<K>((2 * n + 1) * kElement, (n + 1) * kElement, (n + 1) * (kElement + wide), n * iir_runs<K>(n), 0);
+    return of<K>((2 * n + 1) * kElement, (n + 1) * kElement, (2 * n + 1) * IirWindow<K>::kBytes, n * iir_runs<K>(n), 0);
   }
   template <class K>
   static constexpr IirLayout cascade(Nox64u n) {

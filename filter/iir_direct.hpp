@@ -4,6 +4,7 @@
 // at a time by look-ahead; around them the delay line is used up by the first outputs and made anew from the last
 // samples and outputs, in the meaning it has for the per-sample step. A short chunk goes through that step alone.
 #pragma once
+#include "filter/elements.hpp"
 #include "filter/iir.hpp"
 
 namespace nox {
@@ -74,9 +75,16 @@ struct IirDirect {
   const E* const b;  // b[0..order]
   const E* const a;  // a[0] is the tap of the newest output
   E* const d;
+  const IirWindow<K> numerator, denominator;
 
   NOX_INLINE explicit IirDirect(const IirState& of)
-      : state(of), order(of.order), b(static_cast<E*>(of.taps)), a(b + order + 1), d(static_cast<E*>(of.delay)) {}
+      : state(of),
+        order(of.order),
+        b(static_cast<E*>(of.taps)),
+        a(b + order + 1),
+        d(static_cast<E*>(of.delay)),
+        numerator{static_cast<E*>(of.numerator), order + 1},
+        denominator{behind(numerator.taps, IirWindow<K>::kBytes * static_cast<size_t>(order + 1)), order} {}
 
   // n samples, at most a chunk; y may be x.
   NOX_INLINE void filter(const E* x, E* y, int n) const {
@@ -99,36 +107,51 @@ struct IirDirect {
     }
   }
 
-  // d[i] = op(sum over j < order - i of taps[order - 1 - j] * s[i + j], d[i]).
-  template <class Op>
-  NOX_INLINE void tails(Op op, const E* taps, const E* s) const {
-    for (int i = 0; i < order; ++i) {
-      One sum = One::zero();
-      for (int j = 0; j < order - i; ++j) sum = sum + One::load(taps + order - 1 - j) * One::load(s + i + j);
-      op(sum, One::load(d + i)).store(d + i);
-    }
-  }
-
   void blocks(const E* x, E* y, int n) const {
-    E* const w = static_cast<E*>(state.work);
-    const E* const reversed = static_cast<const E*>(state.numerator);
-    const size_t outputs = static_cast<size_t>(n - order);
-    fir_outputs<K>(x, w, outputs,
-                   FirTaps<E>{reversed, reversed + order + 1, reinterpret_cast<const Nox64f*>(reversed + order + 1)});
-    steps(x, y, order);
-    tails([](One sum, One) { return sum; }, b + 1, x + n - order);
-    recursion(y + order, w, outputs);
-    tails([](One sum, One old) { return old - sum; }, a, y + n - order);
+    E* const work = static_cast<E*>(state.work);
+    E* const kept = work + kIirChunk - order;  // the last samples, which the outputs may overwrite
+    first_outputs(x);
+    copy_elements(kept, x + n - order, order);
+    numerator.sums(x, work, n - order);
+    copy_elements(y, d, order);
+    recursion(y + order, work, n - order);
+    make_delays(kept, y + n - order);
   }
 
-  NOX_INLINE void recursion(E* y, const E* w, size_t count) const {
+  // The outputs of the first samples, put in the place of the delay line they use up: all before counts as zeros.
+  void first_outputs(const E* x) const {
+    E* const padded = static_cast<E*>(state.work);
+    E* const w = padded + 2 * order;
+    clear_elements(padded, order);
+    copy_elements(padded + order, x, order);
+    numerator.sums(padded, w, order);
+    map<K>(
+        w, order, [](auto v, auto add) { return v + add; }, w, d);
+    recursion(padded + order, w, order);
+    copy_elements(d, padded + order, order);
+  }
+
+  // The delay line behind the last samples and outputs: what these contribute to outputs to come.
+  void make_delays(const E* samples, const E* outputs) const {
+    E* const padded = static_cast<E*>(state.work);
+    E* const fed = padded + 2 * order;
+    copy_elements(padded, samples, order);
+    clear_elements(padded + order, order);
+    numerator.sums(padded, d, order);
+    copy_elements(padded, outputs, order);
+    denominator.sums(padded, fed, order);
+    map<K>(
+        d, order, [](auto v, auto sub) { return v - sub; }, d, fed);
+  }
+
+  void recursion(E* y, const E* w, int count) const {
     if (iir_runs<K>(static_cast<Nox64u>(order)) == kIirRuns)
       recursion_by<kIirRuns>(y, w, count);
     else
       recursion_by<1>(y, w, count);
   }
   template <int Runs, int Near = 1>
-  NOX_INLINE void recursion_by(E* y, const E* w, size_t count) const {
+  NOX_INLINE void recursion_by(E* y, const E* w, int count) const {
     if (order == Near)
       iir_recursion<K, Runs, Near, false>(y, w, count, state.recursion, order);
     else if constexpr (Near == RunOf<K>::type::N)
