@@ -43,7 +43,7 @@ NOX_INLINE IirState* lay_out(Nox8u* buffer, const IirLayout& at, const E* line, 
   *state = {};
   state->taps = place<E>(record, at.taps);
   state->delay = place<E>(record, at.delay);
-  state->recursion = place<Nox64f>(record, at.recursion);
+  state->recursion = place<E>(record, at.recursion);
   state->work = place<E>(record, at.work);
   load_delay(static_cast<E*>(state->delay), line, delays);
   return state;
@@ -71,7 +71,7 @@ NOX_INLINE NoxStatus iir_init(NoxIIRState** out, const E* taps, int order, const
   IirDirect<K> filter(*state);
   filter.numerator.fill(own);
   filter.denominator.fill(own + order + 1);
-  LookAhead<K>{state->recursion, iir_runs<K>(static_cast<Nox64u>(order))}.fill(own + order + 1, order);
+  LookAhead<K>(static_cast<E*>(state->recursion), iir_runs<K>(static_cast<Nox64u>(order))).fill(own + order + 1, order);
   return noxStsNoErr;
 }
 
@@ -88,7 +88,7 @@ NOX_INLINE NoxStatus iir_init_cascade(NoxIIRState** out, const E* taps, int sect
   state->sample = place<E>(reinterpret_cast<Nox8u*>(state), at.sample);
   *out = reinterpret_cast<NoxIIRState*>(state);
   E *own = static_cast<E*>(state->taps), *row = static_cast<E*>(state->sample);
-  Nox64f* table = state->recursion;
+  E* table = static_cast<E*>(state->recursion);
   for (int s = 0; s < sections; ++s, taps += 6, own += 5, row += 6, table += 2 * IirCascade<K>::Outputs::kRow) {
     if (is_zero(taps[3]) || is_zero(taps[0])) return noxStsDivByZeroErr;
     const One factor = One::all(reciprocal(taps[3]));
@@ -97,7 +97,7 @@ NOX_INLINE NoxStatus iir_init_cascade(NoxIIRState** out, const E* taps, int sect
     const E numerator[] = {own[0], own[0], own[1], own[2]};
     copy_elements(row, numerator, 4);
     for (int k = 3; k < 5; ++k) (One::zero() - One::load(own + k)).store(row + k + 1);
-    LookAhead<K>{table, kIirRuns}.fill(own + 3, 2);
+    LookAhead<K>(table, kIirRuns).fill(own + 3, 2);
   }
   return noxStsNoErr;
 }

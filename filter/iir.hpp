@@ -46,10 +46,10 @@ struct IirState {
   void* taps;   // direct: b0..bn, a1..an; cascade: b0, b1, b2, a1, a2 of each section; all divided by a0
   void* delay;  // direct: n elements and a zero; cascade: two of each section
   Nox32s order;
-  void* numerator;    // direct: IirWindows of b0..bn, then of a1..an
-  Nox64f* recursion;  // rows of LookAhead
-  Nox32s sections;    // 0 in the direct form
-  void* sample;       // cascade: b0, b0, b1, b2, -a1, -a2 of each section
+  void* numerator;  // direct: IirWindows of b0..bn, then of a1..an
+  void* recursion;  // rows of LookAhead
+  Nox32s sections;  // 0 in the direct form
+  void* sample;     // cascade: b0, b0, b1, b2, -a1, -a2 of each section
   void* work;
   void* secondWork;  // direct: the same again; no call reads it, nor what follows
   Nox32u reserved;
@@ -101,7 +101,7 @@ struct IirLayout {
     l.delay = round(l.taps + taps);
     l.numerator = round(l.delay + delay);
     l.recursion = round(l.numerator + numerator);
-    l.sample = l.recursion + rows * RunOf<K>::factor::kDoubles * sizeof(Nox64f);
+    l.sample = l.recursion + rows * RunOf<K>::type::N * kElement;
     l.work = round(l.sample + sample);
     l.end = l.work + kIirChunk * kElement;
     return l;
@@ -155,47 +155,38 @@ template <class K>
 struct LookAhead {
   using One = typename K::one;
   using E = typename K::elem;
-  using Run = typename RunOf<K>::type;
-  using Factor = typename RunOf<K>::factor;
-  using Sum = typename RunOf<K>::sum;
-  Nox64f* rows;
-  int runs;
+  E* rows;
+  size_t width;
 
+  NOX_INLINE LookAhead(E* at, int runs) : rows(at), width(static_cast<size_t>(runs) * RunOf<K>::type::N) {}
   void fill(const E* a, int order) const {
-    for (int k = 0; k < order; ++k)
-      for (int c = 0; c < Run::N * runs; ++c) {
-        One sum = k + c < order ? One::zero() - One::load(a + k + c) : One::zero();
-        for (int j = 0; j < c && j < order; ++j) sum = sum - One::load(a + j) * One::all(get(k, c - 1 - j));
-        E value;
-        sum.store(&value);
-        Factor::put(run(k, c / Run::N), c % Run::N, value);
+    const size_t n = static_cast<size_t>(order);
+    for (size_t k = 0; k < n; ++k) {
+      E* const row = rows + k * width;
+      for (size_t c = 0; c < width; ++c) {
+        One sum = k + c < n ? One::zero() - One::load(a + k + c) : One::zero();
+        for (size_t j = 0; j < c && j < n; ++j) sum = sum - One::load(a + j) * One::load(row + c - 1 - j);
+        sum.store(row + c);
       }
-  }
-  NOX_INLINE E get(int k, int c) const { return Factor::get(run(k, c / Run::N), c % Run::N); }
-
- private:
-  NOX_INLINE Nox64f* run(int k, int r) const {
-    return rows + (static_cast<size_t>(k) * static_cast<size_t>(runs) + static_cast<size_t>(r)) * Factor::kDoubles;
+    }
   }
 };
 
-// The recursion within a block of Runs runs whose table is the widest such, for a filter whose newest Near outputs, at
-// most a run, are in a register.
+// The recursion within a block of Runs runs, for a filter whose newest Near outputs, at most a run, are in a register.
 template <class K, int Runs, int Near>
 struct Recursion {
+  using E = typename K::elem;
   using Run = typename RunOf<K>::type;
   using Factor = typename RunOf<K>::factor;
   using Sum = typename RunOf<K>::sum;
-  static constexpr size_t kRow = Runs * Factor::kDoubles;
-  const Nox64f* rows;
-  Factor moved[Run::N - 1];  // what a value contributes to those one, two, three places on
+  static constexpr size_t kRow = Runs * Run::N;
+  const E* rows;
+  Factor moved[Run::N - 1];    // what a value contributes to those one, two, three places on
+  Factor newest[Near * Runs];  // what the newest outputs contribute to each run
 
-  NOX_INLINE explicit Recursion(Nox64f* table) : rows(table) {
-    for (int i = 0; i < Run::N - 1; ++i) moved[i] = Factor::all(LookAhead<K>{table, Runs}.get(0, i));
-  }
-  // The factors by which output n-1-k contributes to run r of the block.
-  NOX_INLINE Factor factor(int k, int r) const {
-    return Factor::load(rows + static_cast<size_t>(k) * kRow + static_cast<size_t>(r) * Factor::kDoubles);
+  NOX_INLINE explicit Recursion(const E* table) : rows(table) {
+    for (int i = 0; i < Run::N - 1; ++i) moved[i] = Factor::all(table[i]);
+    for (int i = 0; i < Near * Runs; ++i) newest[i] = Factor::load(table + i * Run::N);
   }
 
   // Sums that begin with the inputs w become the outputs there would be if all before the block were zeros.
@@ -211,12 +202,22 @@ struct Recursion {
   // Adds to run r what the newest outputs before contribute, with which `last` ends. The next ones wait for this, so
   // no more than two products hang on one another.
   NOX_INLINE void add_newest(Sum& sum, int r, Run last) const {
-    if constexpr (Near >= 2) sum.add(factor(1, r), lane<Run::N - 2>(last));
-    sum.add(factor(0, r), lane<Run::N - 1>(last));
+    if constexpr (Near >= 2) sum.add(newest[Runs + r], lane<Run::N - 2>(last));
+    sum.add(newest[r], lane<Run::N - 1>(last));
     if constexpr (Near >= 3) {
-      Sum older = Sum::of(factor(2, r), lane<Run::N - 3>(last));
-      if constexpr (Near >= 4) older.add(factor(3, r), lane<Run::N - 4>(last));
+      Sum older = Sum::of(newest[2 * Runs + r], lane<Run::N - 3>(last));
+      if constexpr (Near >= 4) older.add(newest[3 * Runs + r], lane<Run::N - 4>(last));
       sum.add(older);
+    }
+  }
+  // What the outputs before these contribute to each run, down to the one `order` places before y.
+  template <size_t N>
+  NOX_INLINE void older(Sum (&sum)[N], const E* y, int order) const {
+    for (Sum& s : sum) s = Sum::from(Run::zero());
+    const E* row = rows + static_cast<size_t>(order) * kRow;
+    for (int k = order; k > Near; --k) {
+      row -= kRow;
+      for (size_t r = 0; r < N; ++r) sum[r].add(y[-k], row + r * Run::N);
     }
   }
 };

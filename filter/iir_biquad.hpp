@@ -53,7 +53,7 @@ struct IirCascade {
   __attribute__((noinline)) void section(int s, const E* x, E* y, size_t n) const {
     const E* const t = row(s);
     E* const d = delay(s);
-    const Outputs recursion(state.recursion + 2 * Outputs::kRow * static_cast<size_t>(s));
+    const Outputs recursion(static_cast<const E*>(state.recursion) + 2 * Outputs::kRow * static_cast<size_t>(s));
     const Factor b0 = Factor::all(t[0]), b1 = Factor::all(t[2]), b2 = Factor::all(t[3]);
     Run in = Run::zero(), last = Run::zero();
     // Outputs of some runs; `numerator` begins the sums for the samples of one.

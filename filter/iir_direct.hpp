@@ -13,8 +13,8 @@ inline namespace NOX_VARIANT {
 // The recursion over `count` outputs at y, behind at least `order` earlier ones: the newest run of outputs is taken
 // from a register, older ones from memory, where they have long arrived.
 template <class K, int Runs, int Near, bool Far>
-__attribute__((noinline)) void iir_recursion(typename K::elem* y, const typename K::elem* w, size_t count, Nox64f* rows,
-                                             int order) {
+__attribute__((noinline)) void iir_recursion(typename K::elem* y, const typename K::elem* w, size_t count,
+                                             const typename K::elem* rows, int order) {
   using E = typename K::elem;
   using One = typename K::one;
   using Run = typename RunOf<K>::type;
@@ -34,19 +34,12 @@ __attribute__((noinline)) void iir_recursion(typename K::elem* y, const typename
       sum[r] = Sum::from(in[r]);
     }
     recursion.alone(sum, in);
-    if constexpr (Far) {
-      Sum far[kRuns];
-      const Run oldest = Run::all(y[-order]);
-      for (int r = 0; r < kRuns; ++r) far[r] = Sum::of(recursion.factor(order - 1, r), oldest);
-      for (int k = order - 2; k >= Near; --k) {
-        const Run past = Run::all(y[-1 - k]);
-        for (int r = 0; r < kRuns; ++r) far[r].add(recursion.factor(k, r), past);
-      }
-      for (int r = 0; r < kRuns; ++r) sum[r].add(far[r]);
-    }
+    Sum older[kRuns];
+    if constexpr (Far) recursion.older(older, y, order);
     const Run before = last;
     for (int r = 0; r < kRuns; ++r) {
       recursion.add_newest(sum[r], r, before);
+      if constexpr (Far) sum[r].add(older[r]);
       last = sum[r].total();
       last.store(y + r * Run::N);
     }
@@ -58,10 +51,10 @@ __attribute__((noinline)) void iir_recursion(typename K::elem* y, const typename
   if constexpr (Runs > 1) {
     if (count >= Run::N) block(std::integral_constant<int, 1>{});
   }
-  const LookAhead<K> table{rows, Runs};
   for (; count; --count, ++y, ++w) {
     One sum = One::load(w);
-    for (int k = order - 1; k >= 0; --k) sum = sum + One::all(table.get(k, 0)) * One::load(y - 1 - k);
+    for (int k = order - 1; k >= 0; --k)
+      sum = sum + One::load(rows + static_cast<size_t>(k) * recursion.kRow) * One::load(y - 1 - k);
     sum.store(y);
   }
 }
@@ -152,10 +145,11 @@ struct IirDirect {
   }
   template <int Runs, int Near = 1>
   NOX_INLINE void recursion_by(E* y, const E* w, int count) const {
+    const E* const rows = static_cast<const E*>(state.recursion);
     if (order == Near)
-      iir_recursion<K, Runs, Near, false>(y, w, count, state.recursion, order);
+      iir_recursion<K, Runs, Near, false>(y, w, count, rows, order);
     else if constexpr (Near == RunOf<K>::type::N)
-      iir_recursion<K, Runs, Near, true>(y, w, count, state.recursion, order);
+      iir_recursion<K, Runs, Near, true>(y, w, count, rows, order);
     else
       recursion_by<Runs, Near + 1>(y, w, count);
   }

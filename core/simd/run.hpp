@@ -50,6 +50,9 @@ NOX_INLINE RealRun add_moved(RealRun sum, RealRun t, RealRun a) {
   if constexpr (I == 2) return add_product(t, {{two}}, sum);
   return add_product(t, {{_mm256_unpacklo_pd(_mm256_setzero_pd(), two)}}, sum);
 }
+// The first, or the second, of each pair in both its lanes.
+NOX_INLINE RealRun firsts(RealRun a) { return {parts(re_twice(complex<C64x2>(a.v)))}; }
+NOX_INLINE RealRun seconds(RealRun a) { return {parts(im_twice(complex<C64x2>(a.v)))}; }
 // re - other.im, im + other.re of the pairs.
 NOX_INLINE RealRun join(RealRun a, RealRun other) {
   return {parts(sub_add(complex<C64x2>(a.v), swap_parts(complex<C64x2>(other.v))))};
@@ -100,6 +103,9 @@ NOX_INLINE RealRun add_moved(RealRun sum, RealRun t, RealRun a) {
   if constexpr (I == 3) return {sum.low, madd(t.high, first, sum.high)};
   return {madd(t.low, first, sum.low), madd(t.high, straddle(a.low, a.high), sum.high)};
 }
+// The first, or the second, of each pair in both its lanes.
+NOX_INLINE RealRun firsts(RealRun a) { return {low_halves(a.low, a.low), low_halves(a.high, a.high)}; }
+NOX_INLINE RealRun seconds(RealRun a) { return {high_halves(a.low, a.low), high_halves(a.high, a.high)}; }
 // re - other.im, im + other.re of the pairs.
 NOX_INLINE F64x2 join(F64x2 a, F64x2 other) {
   return parts(sub_add(complex<C64x1>(a), swap_parts(complex<C64x1>(other))));
@@ -112,7 +118,6 @@ struct ComplexRun {
   static constexpr int N = 2;
   RealRun v;
   static NOX_INLINE ComplexRun load(const elem* p) { return {RealRun::load(&p->re)}; }
-  static NOX_INLINE ComplexRun all(elem x) { return {half<0>(RealRun::two(&x.re))}; }
   static NOX_INLINE ComplexRun zero() { return {RealRun::zero()}; }
   static NOX_INLINE ComplexRun two(const elem* p) { return load(p); }
   NOX_INLINE void store(elem* p) const { v.store(&p->re); }
@@ -124,35 +129,32 @@ NOX_INLINE ComplexRun lane(ComplexRun a) {
 NOX_INLINE ComplexRun two_back(ComplexRun before, ComplexRun) { return before; }
 NOX_INLINE ComplexRun one_back(ComplexRun before, ComplexRun a) { return {two_back(before.v, a.v)}; }
 
-// A factor of products: a constant of all lanes, or a row of a table.
+// A factor of products: one value in all lanes, or a run of a table.
 struct RealFactor {
-  static constexpr int kDoubles = 4;  // of a row
   RealRun v;
   static NOX_INLINE RealFactor all(Nox64f x) { return {RealRun::all(x)}; }
-  static NOX_INLINE RealFactor load(const Nox64f* row) { return {RealRun::load(row)}; }
-  // Element c of a row.
-  static NOX_INLINE void put(Nox64f* row, int c, Nox64f value) { row[c] = value; }
-  static NOX_INLINE Nox64f get(const Nox64f* row, int c) { return row[c]; }
+  static NOX_INLINE RealFactor load(const Nox64f* p) { return {RealRun::load(p)}; }
 };
 struct ComplexFactor {
-  static constexpr int kDoubles = 8;  // real parts, then imaginary parts, each twice
-  RealRun re, im;
+  RealRun re, im;  // each part in both lanes of its value
   static NOX_INLINE ComplexFactor all(Nox64fc x) { return {RealRun::all(x.re), RealRun::all(x.im)}; }
-  static NOX_INLINE ComplexFactor load(const Nox64f* row) { return {RealRun::load(row), RealRun::load(row + 4)}; }
-  static NOX_INLINE void put(Nox64f* row, int c, Nox64fc value) {
-    row[2 * c] = row[2 * c + 1] = value.re;
-    row[2 * c + 4] = row[2 * c + 5] = value.im;
+  static NOX_INLINE ComplexFactor load(const Nox64fc* p) {
+    const RealRun both = RealRun::load(&p->re);
+    return {firsts(both), seconds(both)};
   }
-  static NOX_INLINE Nox64fc get(const Nox64f* row, int c) { return {row[2 * c], row[2 * c + 4]}; }
 };
 
-// A sum of products. That of complex values keeps the products with the real parts of the factors apart from those with
-// the imaginary parts until it is asked for.
+// A sum of products. That of complex values keeps the products with the real parts of one side, whichever that is,
+// apart from those with the imaginary parts until it is asked for.
 struct RealSum {
   RealRun value;
   static NOX_INLINE RealSum from(RealRun x) { return {x}; }
   static NOX_INLINE RealSum of(RealFactor t, RealRun x) { return {t.v * x}; }
   NOX_INLINE void add(RealFactor t, RealRun x) { value = add_product(t.v, x, value); }
+  // One value from memory times a run of a table.
+  NOX_INLINE void add(const Nox64f& x, const Nox64f* run) {
+    value = add_product(RealRun::load(run), RealRun::all(x), value);
+  }
   template <int I>
   NOX_INLINE void add_moved(RealFactor t, RealRun a) {
     value = nox::add_moved<I>(value, t.v, a);
@@ -167,6 +169,13 @@ struct ComplexSum {
   NOX_INLINE void add(ComplexFactor t, ComplexRun x) {
     by_re = add_product(t.re, x.v, by_re);
     by_im = add_product(t.im, x.v, by_im);
+  }
+  // One value from memory times a run of a table. Its parts are read apart: a read of both within a wider write that is
+  // still on its way would have to wait.
+  NOX_INLINE void add(const Nox64fc& x, const Nox64fc* run) {
+    const RealRun v = RealRun::load(&run->re);
+    by_re = add_product(v, RealRun::all(x.re), by_re);
+    by_im = add_product(v, RealRun::all(x.im), by_im);
   }
   template <int I>
   NOX_INLINE void add_moved(ComplexFactor t, ComplexRun a) {
