@@ -107,7 +107,7 @@ using namespace nox;
 
 extern "C" {
 
-void Sum_8u32s_SFS(const Nox8u src[], Nox32u n, Nox32s* sum) {
+void NOX_BODY(Sum_8u32s_SFS)(const Nox8u src[], Nox32u n, Nox32s* sum) {
   __m128i a = _mm_setzero_si128(), b = a;
   const auto sums = [&](Nox32u i) { return _mm_sad_epu8(Bytes::load(src + i).v, _mm_setzero_si128()); };
   Nox32u i = 0, rest = 0;
@@ -116,30 +116,28 @@ void Sum_8u32s_SFS(const Nox8u src[], Nox32u n, Nox32s* sum) {
   a = _mm_add_epi32(a, b);
   *sum = static_cast<Nox32s>(rest + static_cast<Nox32u>(_mm_cvtsi128_si32(_mm_add_epi32(a, _mm_srli_si128(a, 8)))));
 }
-void Max_8u(const Nox8u src[], Nox32u n, Nox8u* max) { *max = extreme(Larger{}, src, n); }
-void Min_8u(const Nox8u src[], Nox32u n, Nox8u* min) { *min = extreme(Smaller{}, src, n); }
-void MaxMin_8u(const Nox8u src[], Nox32u n, Nox8u* min, Nox8u* max) {
+void NOX_BODY(Max_8u)(const Nox8u src[], Nox32u n, Nox8u* max) { *max = extreme(Larger{}, src, n); }
+void NOX_BODY(Min_8u)(const Nox8u src[], Nox32u n, Nox8u* min) { *min = extreme(Smaller{}, src, n); }
+void NOX_BODY(MaxMin_8u)(const Nox8u src[], Nox32u n, Nox8u* min, Nox8u* max) {
   const Nox8u least = extreme(Smaller{}, src, n), most = extreme(Larger{}, src, n);
   *min = least;
   *max = most;
 }
-void MaxIndx_8u(const Nox8u src[], Nox32u n, Nox8u* max, Nox32s* index) {
+void NOX_BODY(MaxIndx_8u)(const Nox8u src[], Nox32u n, Nox8u* max, Nox32s* index) {
   extreme_with_place(Larger{}, src, n, max, index);
 }
-void MinIndx_8u(const Nox8u src[], Nox32u n, Nox8u* min, Nox32s* index) {
+void NOX_BODY(MinIndx_8u)(const Nox8u src[], Nox32u n, Nox8u* min, Nox32s* index) {
   extreme_with_place(Smaller{}, src, n, min, index);
 }
-void MaxMinIndx_8u(const Nox8u src[], Nox32u n, Nox8u* min, Nox32s* minIndex, Nox8u* max, Nox32s* maxIndex) {
+void NOX_BODY(MaxMinIndx_8u)(const Nox8u src[], Nox32u n, Nox8u* min, Nox32s* minIndex, Nox8u* max, Nox32s* maxIndex) {
   extreme_with_place(Smaller{}, src, n, min, minIndex);
   extreme_with_place(Larger{}, src, n, max, maxIndex);
 }
-void MaxIndx_8u_Idx(const Nox8u src[], int srcIdx, Nox32u n, Nox8u* max, Nox32s* index) {
+void NOX_BODY(MaxIndx_8u_Idx)(const Nox8u src[], int srcIdx, Nox32u n, Nox8u* max, Nox32s* index) {
   extreme_with_place(Larger{}, at(src, srcIdx), n, max, index);
 }
-void MinIndx_8u_Idx(const Nox8u src[], int srcIdx, Nox32u n, Nox8u* min, Nox32s* index)
-    __attribute__((alias("MaxIndx_8u_Idx")));
 
-void Convert_8u16s(const Nox8u src[], Nox16s dst[], Nox32u n) {
+void NOX_BODY(Convert_8u16s)(const Nox8u src[], Nox16s dst[], Nox32u n) {
   const auto wide = [](const Nox8u* s, Nox16s* d) {
     const Two<V128<Nox16u>> words = widen(Bytes::load(s));
     V128<Nox16s>{words.low.v}.store(d);
@@ -147,7 +145,7 @@ void Convert_8u16s(const Nox8u src[], Nox16s dst[], Nox32u n) {
   };
   convert<16>(src, dst, n, wide, [](Nox8u x) { return Nox16s(x); });
 }
-void Convert_8u32s(const Nox8u src[], Nox32s dst[], Nox32u n) {
+void NOX_BODY(Convert_8u32s)(const Nox8u src[], Nox32s dst[], Nox32u n) {
   const auto wide = [](const Nox8u* s, Nox32s* d) {
     const Two<V128<Nox16u>> words = widen(Bytes::load(s));
     for (int half = 0; half < 2; ++half) {
@@ -157,7 +155,7 @@ void Convert_8u32s(const Nox8u src[], Nox32s dst[], Nox32u n) {
   };
   convert<16>(src, dst, n, wide, [](Nox8u x) { return Nox32s(x); });
 }
-void Convert_8u64f(const Nox8u src[], Nox64f dst[], Nox32u n) {
+void NOX_BODY(Convert_8u64f)(const Nox8u src[], Nox64f dst[], Nox32u n) {
   const auto wide = [](const Nox8u* s, Nox64f* d) {
     const Two<V128<Nox16u>> words = widen(Bytes::load(s));
     for (int half = 0; half < 2; ++half) {
@@ -167,7 +165,7 @@ void Convert_8u64f(const Nox8u src[], Nox64f dst[], Nox32u n) {
   };
   convert<16>(src, dst, n, wide, [](Nox8u x) { return Nox64f(x); });
 }
-void Convert_16s64f(const Nox16s src[], Nox64f dst[], Nox32u n) {
+void NOX_BODY(Convert_16s64f)(const Nox16s src[], Nox64f dst[], Nox32u n) {
   const auto wide = [](const Nox16s* s, Nox64f* d) {
     const Two<V128<Nox32s>> dwords = widen(V128<Nox16s>::load(s));
     store_doubles(dwords.low, d);
@@ -175,13 +173,13 @@ void Convert_16s64f(const Nox16s src[], Nox64f dst[], Nox32u n) {
   };
   convert<8>(src, dst, n, wide, [](Nox16s x) { return Nox64f(x); });
 }
-void Convert_16s8u(const Nox16s src[], Nox8u dst[], Nox32u n) {
+void NOX_BODY(Convert_16s8u)(const Nox16s src[], Nox8u dst[], Nox32u n) {
   const auto wide = [](const Nox16s* s, Nox8u* d) {
     pack<Nox8u>(V128<Nox16s>::load(s), V128<Nox16s>::load(s + 8)).store(d);
   };
   convert<16>(src, dst, n, wide, clamped<Nox16s>);
 }
-void Convert_32s8u(const Nox32s src[], Nox8u dst[], Nox32u n) {
+void NOX_BODY(Convert_32s8u)(const Nox32s src[], Nox8u dst[], Nox32u n) {
   const auto wide = [](const Nox32s* s, Nox8u* d) {
     const auto words = [s](int i) { return pack<Nox16s>(V128<Nox32s>::load(s + i), V128<Nox32s>::load(s + i + 4)); };
     pack<Nox8u>(words(0), words(8)).store(d);
@@ -189,11 +187,11 @@ void Convert_32s8u(const Nox32s src[], Nox8u dst[], Nox32u n) {
   convert<16>(src, dst, n, wide, clamped<Nox32s>);
 }
 
-void Floor(const Nox64f src[], Nox64f dst[], Nox32u n) {
+void NOX_BODY(Floor)(const Nox64f src[], Nox64f dst[], Nox32u n) {
   forward(
       dst, n, [](auto x) { return whole<false>(x); }, src);
 }
-void Ceil(const Nox64f src[], Nox64f dst[], Nox32u n) {
+void NOX_BODY(Ceil)(const Nox64f src[], Nox64f dst[], Nox32u n) {
   forward(
       dst, n, [](auto x) { return whole<true>(x); }, src);
 }

@@ -4,6 +4,9 @@
 // scalar loop itself. Two real results make a vector: they are formed one at a time only where the destination begins
 // inside a source, for then a result is the operand of a later one.
 #pragma once
+#include <type_traits>
+
+#include "array_bodies.hpp"
 #include "core/body.hpp"
 
 namespace nox {
@@ -39,8 +42,14 @@ template <class F, class... S>
 NOX_INLINE void forward(Nox64f* d, Nox32u n, F&& f, const S*... s) {
   Nox32u i = 0;
   if (!(ahead_of(d, s, n) || ...)) {
+    if constexpr ((std::is_same_v<S, Nox64f> && ...)) {
+      using V = f64::vec;
 #pragma GCC unroll 4
-    for (; n - i >= 2; i += 2) F64x2(f(two(s + i)...)).store(d + i);
+      for (; n - i >= Nox32u(V::N); i += V::N) V(f(V::load(s + i)...)).store(d + i);
+    } else {
+#pragma GCC unroll 4
+      for (; n - i >= 2; i += 2) F64x2(f(two(s + i)...)).store(d + i);
+    }
   }
   for (; i < n; ++i) F64x1(f(one(s + i)...)).store(d + i);
 }

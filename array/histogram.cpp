@@ -75,17 +75,18 @@ using namespace nox;
 
 extern "C" {
 
-void HistogramCount(const Nox64f src[], Nox64f scale, Nox64f offset, Nox32u bins[], Nox32s binCount, Nox32u n) {
+void NOX_BODY(HistogramCount)(const Nox64f src[], Nox64f scale, Nox64f offset, Nox32u bins[], Nox32s binCount,
+                              Nox32u n) {
   histogram(src, scale, offset, binCount, n, [bins](Nox32s bin, Nox32u) { ++bins[bin]; });
 }
-void HistogramSum(const Nox64f src[], Nox64f scale, Nox64f offset, Nox64f bins[], Nox32s binCount, Nox32u n) {
+void NOX_BODY(HistogramSum)(const Nox64f src[], Nox64f scale, Nox64f offset, Nox64f bins[], Nox32s binCount, Nox32u n) {
   histogram(src, scale, offset, binCount, n, [bins, src](Nox32s bin, Nox32u i) { bins[bin] += src[i]; });
 }
-void HistoCount(const Nox32u indexes[], Nox32u bins[], Nox32u n) {
+void NOX_BODY(HistoCount)(const Nox32u indexes[], Nox32u bins[], Nox32u n) {
 #pragma GCC unroll 4
   for (Nox32u i = 0; i < n; ++i) ++bins[indexes[i]];
 }
-void HistoSum(const Nox32u indexes[], const Nox64f values[], Nox64f sums[], Nox32u n) {
+void NOX_BODY(HistoSum)(const Nox32u indexes[], const Nox64f values[], Nox64f sums[], Nox32u n) {
 #pragma GCC unroll 4
   for (Nox32u i = 0; i < n; ++i) sums[indexes[i]] += values[i];
 }

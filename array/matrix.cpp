@@ -102,179 +102,194 @@ using namespace nox;
 
 extern "C" {
 
-void TransposeMatrix(const Nox64f src[], Nox64f dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(TransposeMatrix)(const Nox64f src[], Nox64f dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                               Nox32s dstStride) {
   transpose(src, dst, rows, cols, srcStride, dstStride, Keep{});
 }
-void TransposeSquareMatrix(Nox64f m[], Nox32u n, Nox32s stride) { transpose_in_place(m, n, stride, Keep{}); }
-void UpperTriangle(const Nox64f src[], Nox64f dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                   Nox32s diagonal) {
+void NOX_BODY(TransposeSquareMatrix)(Nox64f m[], Nox32u n, Nox32s stride) { transpose_in_place(m, n, stride, Keep{}); }
+void NOX_BODY(UpperTriangle)(const Nox64f src[], Nox64f dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                             Nox32s dstStride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
-void ZeroUpperTriangle(Nox64f m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
+void NOX_BODY(ZeroUpperTriangle)(Nox64f m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, clear_row(m, stride));
 }
-void LowerTriangle(const Nox64f src[], Nox64f dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                   Nox32s diagonal) {
+void NOX_BODY(LowerTriangle)(const Nox64f src[], Nox64f dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                             Nox32s dstStride, Nox32s diagonal) {
   each_lower(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
-void ZeroLowerTriangle(Nox64f m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
+void NOX_BODY(ZeroLowerTriangle)(Nox64f m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
   each_lower(rows, cols, diagonal, clear_row(m, stride));
 }
-void RowExchange(Nox64f m[], Nox32u row1, Nox32u row2, Nox32u cols, Nox32s stride) {
+void NOX_BODY(RowExchange)(Nox64f m[], Nox32u row1, Nox32u row2, Nox32u cols, Nox32s stride) {
   exchange_rows(element(m, row1, stride, 0), element(m, row2, stride, 0), cols);
 }
-void ColExchange(Nox64f m[], Nox32u col1, Nox32u col2, Nox32u rows, Nox32s stride) {
+void NOX_BODY(ColExchange)(Nox64f m[], Nox32u col1, Nox32u col2, Nox32u rows, Nox32s stride) {
   exchange(m + col1, m + col2, rows, stride);
 }
-void CopySubMatrix(const Nox64f src[], Nox64f dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow, Nox32u dstCol,
-                   Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(CopySubMatrix)(const Nox64f src[], Nox64f dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow,
+                             Nox32u dstCol, Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
   copy_block(element(src, srcRow, srcStride, srcCol), element(dst, dstRow, dstStride, dstCol), rows, cols, srcStride,
              dstStride);
 }
-void ResizeMatrix(const Nox64f src[], Nox64f dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(ResizeMatrix)(const Nox64f src[], Nox64f dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                            Nox32s dstStride) {
   copy_block(src, dst, rows, cols, srcStride, dstStride);
 }
 
-void TransposeMatrixc(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
-                      Nox32s dstStride) {
+void NOX_BODY(TransposeMatrixc)(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                Nox32s dstStride) {
   transpose(src, dst, rows, cols, srcStride, dstStride, Keep{});
 }
-void TransposeSquareMatrixc(Nox64fc m[], Nox32u n, Nox32s stride) { transpose_in_place(m, n, stride, Keep{}); }
-void UpperTrianglec(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                    Nox32s diagonal) {
+void NOX_BODY(TransposeSquareMatrixc)(Nox64fc m[], Nox32u n, Nox32s stride) {
+  transpose_in_place(m, n, stride, Keep{});
+}
+void NOX_BODY(UpperTrianglec)(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                              Nox32s dstStride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
-void ZeroUpperTrianglec(Nox64fc m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
+void NOX_BODY(ZeroUpperTrianglec)(Nox64fc m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, clear_row(m, stride));
 }
-void LowerTrianglec(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                    Nox32s diagonal) {
+void NOX_BODY(LowerTrianglec)(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                              Nox32s dstStride, Nox32s diagonal) {
   each_lower(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
-void ZeroLowerTrianglec(Nox64fc m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
+void NOX_BODY(ZeroLowerTrianglec)(Nox64fc m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
   each_lower(rows, cols, diagonal, clear_row(m, stride));
 }
-void RowExchangec(Nox64fc m[], Nox32u row1, Nox32u row2, Nox32u cols, Nox32s stride) {
+void NOX_BODY(RowExchangec)(Nox64fc m[], Nox32u row1, Nox32u row2, Nox32u cols, Nox32s stride) {
   exchange_rows(element(m, row1, stride, 0), element(m, row2, stride, 0), cols);
 }
-void ColExchangec(Nox64fc m[], Nox32u col1, Nox32u col2, Nox32u rows, Nox32s stride) {
+void NOX_BODY(ColExchangec)(Nox64fc m[], Nox32u col1, Nox32u col2, Nox32u rows, Nox32s stride) {
   exchange(m + col1, m + col2, rows, stride);
 }
-void CopySubMatrixc(const Nox64fc src[], Nox64fc dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow, Nox32u dstCol,
-                    Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(CopySubMatrixc)(const Nox64fc src[], Nox64fc dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow,
+                              Nox32u dstCol, Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
   copy_block(element(src, srcRow, srcStride, srcCol), element(dst, dstRow, dstStride, dstCol), rows, cols, srcStride,
              dstStride);
 }
-void ResizeMatrixc(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(ResizeMatrixc)(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                             Nox32s dstStride) {
   copy_block(src, dst, rows, cols, srcStride, dstStride);
 }
 
-void TransposeMatrix_8u(const Nox8u src[], Nox8u dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(TransposeMatrix_8u)(const Nox8u src[], Nox8u dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                  Nox32s dstStride) {
   transpose(src, dst, rows, cols, srcStride, dstStride, Keep{});
 }
-void TransposeSquareMatrix_8u(Nox8u m[], Nox32u n, Nox32s stride) { transpose_in_place(m, n, stride, Keep{}); }
-void UpperTriangle_8u(const Nox8u src[], Nox8u dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                      Nox32s diagonal) {
+void NOX_BODY(TransposeSquareMatrix_8u)(Nox8u m[], Nox32u n, Nox32s stride) {
+  transpose_in_place(m, n, stride, Keep{});
+}
+void NOX_BODY(UpperTriangle_8u)(const Nox8u src[], Nox8u dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                Nox32s dstStride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
-void ZeroUpperTriangle_8u(Nox8u m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
+void NOX_BODY(ZeroUpperTriangle_8u)(Nox8u m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, clear_row(m, stride));
 }
-void LowerTriangle_8u(const Nox8u src[], Nox8u dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                      Nox32s diagonal) {
+void NOX_BODY(LowerTriangle_8u)(const Nox8u src[], Nox8u dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                Nox32s dstStride, Nox32s diagonal) {
   each_lower(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
-void ZeroLowerTriangle_8u(Nox8u m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
+void NOX_BODY(ZeroLowerTriangle_8u)(Nox8u m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
   each_lower(rows, cols, diagonal, clear_row(m, stride));
 }
-void RowExchange_8u(Nox8u m[], Nox32u row1, Nox32u row2, Nox32u cols, Nox32s stride) {
+void NOX_BODY(RowExchange_8u)(Nox8u m[], Nox32u row1, Nox32u row2, Nox32u cols, Nox32s stride) {
   exchange_rows(element(m, row1, stride, 0), element(m, row2, stride, 0), cols);
 }
-void ColExchange_8u(Nox8u m[], Nox32u col1, Nox32u col2, Nox32u rows, Nox32s stride) {
+void NOX_BODY(ColExchange_8u)(Nox8u m[], Nox32u col1, Nox32u col2, Nox32u rows, Nox32s stride) {
   exchange(m + col1, m + col2, rows, stride);
 }
-void CopySubMatrix_8u(const Nox8u src[], Nox8u dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow, Nox32u dstCol,
-                      Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(CopySubMatrix_8u)(const Nox8u src[], Nox8u dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow,
+                                Nox32u dstCol, Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
   copy_block(element(src, srcRow, srcStride, srcCol), element(dst, dstRow, dstStride, dstCol), rows, cols, srcStride,
              dstStride);
 }
-void ResizeMatrix_8u(const Nox8u src[], Nox8u dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(ResizeMatrix_8u)(const Nox8u src[], Nox8u dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                               Nox32s dstStride) {
   copy_block(src, dst, rows, cols, srcStride, dstStride);
 }
 
-void TransposeMatrix_16s(const Nox16s src[], Nox16s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
-                         Nox32s dstStride) {
+void NOX_BODY(TransposeMatrix_16s)(const Nox16s src[], Nox16s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                   Nox32s dstStride) {
   transpose(src, dst, rows, cols, srcStride, dstStride, Keep{});
 }
-void TransposeSquareMatrix_16s(Nox16s m[], Nox32u n, Nox32s stride) { transpose_in_place(m, n, stride, Keep{}); }
-void UpperTriangle_16s(const Nox16s src[], Nox16s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                       Nox32s diagonal) {
+void NOX_BODY(TransposeSquareMatrix_16s)(Nox16s m[], Nox32u n, Nox32s stride) {
+  transpose_in_place(m, n, stride, Keep{});
+}
+void NOX_BODY(UpperTriangle_16s)(const Nox16s src[], Nox16s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                 Nox32s dstStride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
-void ZeroUpperTriangle_16s(Nox16s m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
+void NOX_BODY(ZeroUpperTriangle_16s)(Nox16s m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, clear_row(m, stride));
 }
-void LowerTriangle_16s(const Nox16s src[], Nox16s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                       Nox32s diagonal) {
+void NOX_BODY(LowerTriangle_16s)(const Nox16s src[], Nox16s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                 Nox32s dstStride, Nox32s diagonal) {
   each_lower(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
-void ZeroLowerTriangle_16s(Nox16s m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
+void NOX_BODY(ZeroLowerTriangle_16s)(Nox16s m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
   each_lower(rows, cols, diagonal, clear_row(m, stride));
 }
-void RowExchange_16s(Nox16s m[], Nox32u row1, Nox32u row2, Nox32u cols, Nox32s stride) {
+void NOX_BODY(RowExchange_16s)(Nox16s m[], Nox32u row1, Nox32u row2, Nox32u cols, Nox32s stride) {
   exchange_rows(element(m, row1, stride, 0), element(m, row2, stride, 0), cols);
 }
-void ColExchange_16s(Nox16s m[], Nox32u col1, Nox32u col2, Nox32u rows, Nox32s stride) {
+void NOX_BODY(ColExchange_16s)(Nox16s m[], Nox32u col1, Nox32u col2, Nox32u rows, Nox32s stride) {
   exchange(m + col1, m + col2, rows, stride);
 }
-void CopySubMatrix_16s(const Nox16s src[], Nox16s dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow, Nox32u dstCol,
-                       Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(CopySubMatrix_16s)(const Nox16s src[], Nox16s dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow,
+                                 Nox32u dstCol, Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
   copy_block(element(src, srcRow, srcStride, srcCol), element(dst, dstRow, dstStride, dstCol), rows, cols, srcStride,
              dstStride);
 }
-void ResizeMatrix_16s(const Nox16s src[], Nox16s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(ResizeMatrix_16s)(const Nox16s src[], Nox16s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                Nox32s dstStride) {
   copy_block(src, dst, rows, cols, srcStride, dstStride);
 }
 
-void TransposeMatrix_32s(const Nox32s src[], Nox32s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
-                         Nox32s dstStride) {
+void NOX_BODY(TransposeMatrix_32s)(const Nox32s src[], Nox32s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                   Nox32s dstStride) {
   transpose(src, dst, rows, cols, srcStride, dstStride, Keep{});
 }
-void TransposeSquareMatrix_32s(Nox32s m[], Nox32u n, Nox32s stride) { transpose_in_place(m, n, stride, Keep{}); }
-void UpperTriangle_32s(const Nox32s src[], Nox32s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                       Nox32s diagonal) {
+void NOX_BODY(TransposeSquareMatrix_32s)(Nox32s m[], Nox32u n, Nox32s stride) {
+  transpose_in_place(m, n, stride, Keep{});
+}
+void NOX_BODY(UpperTriangle_32s)(const Nox32s src[], Nox32s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                 Nox32s dstStride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
-void ZeroUpperTriangle_32s(Nox32s m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
+void NOX_BODY(ZeroUpperTriangle_32s)(Nox32s m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
   each_upper(rows, cols, diagonal, clear_row(m, stride));
 }
-void LowerTriangle_32s(const Nox32s src[], Nox32s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride,
-                       Nox32s diagonal) {
+void NOX_BODY(LowerTriangle_32s)(const Nox32s src[], Nox32s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                 Nox32s dstStride, Nox32s diagonal) {
   each_lower(rows, cols, diagonal, copy_row(src, dst, srcStride, dstStride));
 }
-void ZeroLowerTriangle_32s(Nox32s m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
+void NOX_BODY(ZeroLowerTriangle_32s)(Nox32s m[], Nox32u rows, Nox32u cols, Nox32s stride, Nox32s diagonal) {
   each_lower(rows, cols, diagonal, clear_row(m, stride));
 }
-void RowExchange_32s(Nox32s m[], Nox32u row1, Nox32u row2, Nox32u cols, Nox32s stride) {
+void NOX_BODY(RowExchange_32s)(Nox32s m[], Nox32u row1, Nox32u row2, Nox32u cols, Nox32s stride) {
   exchange_rows(element(m, row1, stride, 0), element(m, row2, stride, 0), cols);
 }
-void ColExchange_32s(Nox32s m[], Nox32u col1, Nox32u col2, Nox32u rows, Nox32s stride) {
+void NOX_BODY(ColExchange_32s)(Nox32s m[], Nox32u col1, Nox32u col2, Nox32u rows, Nox32s stride) {
   exchange(m + col1, m + col2, rows, stride);
 }
-void CopySubMatrix_32s(const Nox32s src[], Nox32s dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow, Nox32u dstCol,
-                       Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(CopySubMatrix_32s)(const Nox32s src[], Nox32s dst[], Nox32u srcRow, Nox32u srcCol, Nox32u dstRow,
+                                 Nox32u dstCol, Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
   copy_block(element(src, srcRow, srcStride, srcCol), element(dst, dstRow, dstStride, dstCol), rows, cols, srcStride,
              dstStride);
 }
-void ResizeMatrix_32s(const Nox32s src[], Nox32s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride, Nox32s dstStride) {
+void NOX_BODY(ResizeMatrix_32s)(const Nox32s src[], Nox32s dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                Nox32s dstStride) {
   copy_block(src, dst, rows, cols, srcStride, dstStride);
 }
 
-void AdjungateMatrixc(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
-                      Nox32s dstStride) {
+void NOX_BODY(AdjungateMatrixc)(const Nox64fc src[], Nox64fc dst[], Nox32u rows, Nox32u cols, Nox32s srcStride,
+                                Nox32s dstStride) {
   transpose(src, dst, rows, cols, srcStride, dstStride, Conjugate{});
 }
-void AdjungateSquareMatrixc(Nox64fc m[], Nox32u n, Nox32s stride) {
+void NOX_BODY(AdjungateSquareMatrixc)(Nox64fc m[], Nox32u n, Nox32s stride) {
   transpose_in_place(m, n, stride, Conjugate{});
   for (Nox32u r = 0; r < n; ++r) {
     Nox64fc* const diagonal = element(m, r, stride, r);

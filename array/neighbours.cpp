@@ -142,22 +142,22 @@ using namespace nox;
 
 extern "C" {
 
-void InternalCollectK_64f_Idx(Nox32s rowStart, Nox32s rowCount, Nox32s colCount, Nox32s k, Nox32s colStart,
-                              const Nox64f block[], int blockIdx, Nox32s worstSlot[], int worstSlotIdx,
-                              Nox64f worstDist[], int worstDistIdx, Nox32s bestIndex[], int bestIndexIdx,
-                              Nox64f bestDist[], int bestDistIdx, const Nox64f colTerm[], int colTermIdx,
-                              const Nox64f rowTerm[], int rowTermIdx) {
+void NOX_BODY(InternalCollectK_64f_Idx)(Nox32s rowStart, Nox32s rowCount, Nox32s colCount, Nox32s k, Nox32s colStart,
+                                        const Nox64f block[], int blockIdx, Nox32s worstSlot[], int worstSlotIdx,
+                                        Nox64f worstDist[], int worstDistIdx, Nox32s bestIndex[], int bestIndexIdx,
+                                        Nox64f bestDist[], int bestDistIdx, const Nox64f colTerm[], int colTermIdx,
+                                        const Nox64f rowTerm[], int rowTermIdx) {
   const Nox64f* terms = at(colTerm, colTermIdx);
   each_row(rowStart, rowCount, colCount, k, at(block, blockIdx), at(worstSlot, worstSlotIdx),
            at(worstDist, worstDistIdx), at(bestIndex, bestIndexIdx), at(bestDist, bestDistIdx), at(rowTerm, rowTermIdx),
            [=](const Row& row, const Nox64f* part) { collect(row, part, terms, colCount, k, colStart); });
 }
 
-void InternalCollectK1_64f_Idx(Nox32s rowStart, Nox32s rowCount, Nox32s colCount, Nox32s k, Nox32s colStart,
-                               Nox64f block[], int blockIdx, Nox32s worstSlot[], int worstSlotIdx, Nox64f worstDist[],
-                               int worstDistIdx, Nox32s bestIndex[], int bestIndexIdx, Nox64f bestDist[],
-                               int bestDistIdx, const Nox64f colTerm[], int colTermIdx, const Nox64f rowTerm[],
-                               int rowTermIdx) {
+void NOX_BODY(InternalCollectK1_64f_Idx)(Nox32s rowStart, Nox32s rowCount, Nox32s colCount, Nox32s k, Nox32s colStart,
+                                         Nox64f block[], int blockIdx, Nox32s worstSlot[], int worstSlotIdx,
+                                         Nox64f worstDist[], int worstDistIdx, Nox32s bestIndex[], int bestIndexIdx,
+                                         Nox64f bestDist[], int bestDistIdx, const Nox64f colTerm[], int colTermIdx,
+                                         const Nox64f rowTerm[], int rowTermIdx) {
   const Nox64f* terms = at(colTerm, colTermIdx);
   each_row(rowStart, rowCount, colCount, k, at(block, blockIdx), at(worstSlot, worstSlotIdx),
            at(worstDist, worstDistIdx), at(bestIndex, bestIndexIdx), at(bestDist, bestDistIdx), at(rowTerm, rowTermIdx),

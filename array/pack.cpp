@@ -106,60 +106,94 @@ using namespace nox;
 
 extern "C" {
 
-void vbpacki(Nox32u n, const Nox8u src[], Nox32s stride, Nox8u dst[]) { pack_by_stride(n, src, stride, dst); }
-void vbpackv(Nox32u n, const Nox8u src[], const Nox32s index[], Nox8u dst[]) { pack_by_index(n, src, index, dst); }
-void vbpackm(Nox32u n, const Nox8u src[], const Nox32s mask[], Nox8u dst[]) { compress(src, dst, mask, n); }
-void vbunpacki(Nox32u n, const Nox8u src[], Nox8u dst[], Nox32s stride) { unpack_by_stride(n, src, dst, stride); }
-void vbunpackv(Nox32u n, const Nox8u src[], Nox8u dst[], const Nox32s index[]) { unpack_by_index(n, src, dst, index); }
-void vbunpackm(Nox32u n, const Nox8u src[], Nox8u dst[], const Nox32s mask[]) { unpack_by_mask(n, src, dst, mask); }
-
-void vsipacki(Nox32u n, const Nox16s src[], Nox32s stride, Nox16s dst[]) { pack_by_stride(n, src, stride, dst); }
-void vsipackv(Nox32u n, const Nox16s src[], const Nox32s index[], Nox16s dst[]) { pack_by_index(n, src, index, dst); }
-void vsipackm(Nox32u n, const Nox16s src[], const Nox32s mask[], Nox16s dst[]) { compress(src, dst, mask, n); }
-void vsiunpacki(Nox32u n, const Nox16s src[], Nox16s dst[], Nox32s stride) { unpack_by_stride(n, src, dst, stride); }
-void vsiunpackv(Nox32u n, const Nox16s src[], Nox16s dst[], const Nox32s index[]) {
+void NOX_BODY(vbpacki)(Nox32u n, const Nox8u src[], Nox32s stride, Nox8u dst[]) { pack_by_stride(n, src, stride, dst); }
+void NOX_BODY(vbpackv)(Nox32u n, const Nox8u src[], const Nox32s index[], Nox8u dst[]) {
+  pack_by_index(n, src, index, dst);
+}
+void NOX_BODY(vbpackm)(Nox32u n, const Nox8u src[], const Nox32s mask[], Nox8u dst[]) { compress(src, dst, mask, n); }
+void NOX_BODY(vbunpacki)(Nox32u n, const Nox8u src[], Nox8u dst[], Nox32s stride) {
+  unpack_by_stride(n, src, dst, stride);
+}
+void NOX_BODY(vbunpackv)(Nox32u n, const Nox8u src[], Nox8u dst[], const Nox32s index[]) {
   unpack_by_index(n, src, dst, index);
 }
-void vsiunpackm(Nox32u n, const Nox16s src[], Nox16s dst[], const Nox32s mask[]) { unpack_by_mask(n, src, dst, mask); }
-
-void vipacki(Nox32u n, const Nox32s src[], Nox32s stride, Nox32s dst[]) { pack_by_stride(n, src, stride, dst); }
-void vipackv(Nox32u n, const Nox32s src[], const Nox32s index[], Nox32s dst[]) { pack_by_index(n, src, index, dst); }
-void vipackm(Nox32u n, const Nox32s src[], const Nox32s mask[], Nox32s dst[]) { compress(src, dst, mask, n); }
-void viunpacki(Nox32u n, const Nox32s src[], Nox32s dst[], Nox32s stride) { unpack_by_stride(n, src, dst, stride); }
-void viunpackv(Nox32u n, const Nox32s src[], Nox32s dst[], const Nox32s index[]) {
-  unpack_by_index(n, src, dst, index);
-}
-void viunpackm(Nox32u n, const Nox32s src[], Nox32s dst[], const Nox32s mask[]) { unpack_by_mask(n, src, dst, mask); }
-
-void vdpackic(Nox32u n, const Nox64fc src[], Nox32s stride, Nox64fc dst[]) { pack_by_stride(n, src, stride, dst); }
-void vdpackvc(Nox32u n, const Nox64fc src[], const Nox32s index[], Nox64fc dst[]) { pack_by_index(n, src, index, dst); }
-void vdpackmc(Nox32u n, const Nox64fc src[], const Nox32s mask[], Nox64fc dst[]) { compress(src, dst, mask, n); }
-void vdunpackic(Nox32u n, const Nox64fc src[], Nox64fc dst[], Nox32s stride) { unpack_by_stride(n, src, dst, stride); }
-void vdunpackvc(Nox32u n, const Nox64fc src[], Nox64fc dst[], const Nox32s index[]) {
-  unpack_by_index(n, src, dst, index);
-}
-void vdunpackmc(Nox32u n, const Nox64fc src[], Nox64fc dst[], const Nox32s mask[]) {
+void NOX_BODY(vbunpackm)(Nox32u n, const Nox8u src[], Nox8u dst[], const Nox32s mask[]) {
   unpack_by_mask(n, src, dst, mask);
 }
 
-void BitPack_8u(const Nox8u src[], Nox32s start, Nox32s limit, Nox32u dst[], Nox32s wordCount) {
+void NOX_BODY(vsipacki)(Nox32u n, const Nox16s src[], Nox32s stride, Nox16s dst[]) {
+  pack_by_stride(n, src, stride, dst);
+}
+void NOX_BODY(vsipackv)(Nox32u n, const Nox16s src[], const Nox32s index[], Nox16s dst[]) {
+  pack_by_index(n, src, index, dst);
+}
+void NOX_BODY(vsipackm)(Nox32u n, const Nox16s src[], const Nox32s mask[], Nox16s dst[]) {
+  compress(src, dst, mask, n);
+}
+void NOX_BODY(vsiunpacki)(Nox32u n, const Nox16s src[], Nox16s dst[], Nox32s stride) {
+  unpack_by_stride(n, src, dst, stride);
+}
+void NOX_BODY(vsiunpackv)(Nox32u n, const Nox16s src[], Nox16s dst[], const Nox32s index[]) {
+  unpack_by_index(n, src, dst, index);
+}
+void NOX_BODY(vsiunpackm)(Nox32u n, const Nox16s src[], Nox16s dst[], const Nox32s mask[]) {
+  unpack_by_mask(n, src, dst, mask);
+}
+
+void NOX_BODY(vipacki)(Nox32u n, const Nox32s src[], Nox32s stride, Nox32s dst[]) {
+  pack_by_stride(n, src, stride, dst);
+}
+void NOX_BODY(vipackv)(Nox32u n, const Nox32s src[], const Nox32s index[], Nox32s dst[]) {
+  pack_by_index(n, src, index, dst);
+}
+void NOX_BODY(vipackm)(Nox32u n, const Nox32s src[], const Nox32s mask[], Nox32s dst[]) { compress(src, dst, mask, n); }
+void NOX_BODY(viunpacki)(Nox32u n, const Nox32s src[], Nox32s dst[], Nox32s stride) {
+  unpack_by_stride(n, src, dst, stride);
+}
+void NOX_BODY(viunpackv)(Nox32u n, const Nox32s src[], Nox32s dst[], const Nox32s index[]) {
+  unpack_by_index(n, src, dst, index);
+}
+void NOX_BODY(viunpackm)(Nox32u n, const Nox32s src[], Nox32s dst[], const Nox32s mask[]) {
+  unpack_by_mask(n, src, dst, mask);
+}
+
+void NOX_BODY(vdpackic)(Nox32u n, const Nox64fc src[], Nox32s stride, Nox64fc dst[]) {
+  pack_by_stride(n, src, stride, dst);
+}
+void NOX_BODY(vdpackvc)(Nox32u n, const Nox64fc src[], const Nox32s index[], Nox64fc dst[]) {
+  pack_by_index(n, src, index, dst);
+}
+void NOX_BODY(vdpackmc)(Nox32u n, const Nox64fc src[], const Nox32s mask[], Nox64fc dst[]) {
+  compress(src, dst, mask, n);
+}
+void NOX_BODY(vdunpackic)(Nox32u n, const Nox64fc src[], Nox64fc dst[], Nox32s stride) {
+  unpack_by_stride(n, src, dst, stride);
+}
+void NOX_BODY(vdunpackvc)(Nox32u n, const Nox64fc src[], Nox64fc dst[], const Nox32s index[]) {
+  unpack_by_index(n, src, dst, index);
+}
+void NOX_BODY(vdunpackmc)(Nox32u n, const Nox64fc src[], Nox64fc dst[], const Nox32s mask[]) {
+  unpack_by_mask(n, src, dst, mask);
+}
+
+void NOX_BODY(BitPack_8u)(const Nox8u src[], Nox32s start, Nox32s limit, Nox32u dst[], Nox32s wordCount) {
   pack_bits(src, start, limit, dst, wordCount);
 }
-void BitUnpack_8u(const Nox32u src[], Nox32s, Nox8u dst[], Nox32s start, Nox32s count) {
+void NOX_BODY(BitUnpack_8u)(const Nox32u src[], Nox32s, Nox8u dst[], Nox32s start, Nox32s count) {
   unpack_bits(src, dst, start, count);
 }
 
-void BitPack_16s(const Nox16s src[], Nox32s start, Nox32s limit, Nox32u dst[], Nox32s wordCount) {
+void NOX_BODY(BitPack_16s)(const Nox16s src[], Nox32s start, Nox32s limit, Nox32u dst[], Nox32s wordCount) {
   pack_bits(src, start, limit, dst, wordCount);
 }
-void BitUnpack_16s(const Nox32u src[], Nox32s, Nox16s dst[], Nox32s start, Nox32s count) {
+void NOX_BODY(BitUnpack_16s)(const Nox32u src[], Nox32s, Nox16s dst[], Nox32s start, Nox32s count) {
   unpack_bits(src, dst, start, count);
 }
 
-void BitPack_32s(const Nox32s src[], Nox32s start, Nox32s limit, Nox32u dst[], Nox32s wordCount) {
+void NOX_BODY(BitPack_32s)(const Nox32s src[], Nox32s start, Nox32s limit, Nox32u dst[], Nox32s wordCount) {
   pack_bits(src, start, limit, dst, wordCount);
 }
-void BitUnpack_32s(const Nox32u src[], Nox32s, Nox32s dst[], Nox32s start, Nox32s count) {
+void NOX_BODY(BitUnpack_32s)(const Nox32u src[], Nox32s, Nox32s dst[], Nox32s start, Nox32s count) {
   unpack_bits(src, dst, start, count);
 }
 

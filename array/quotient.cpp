@@ -105,6 +105,9 @@ template <class V>
 NOX_INLINE V cut_to_int(V a) {
   return {_mm_cvtepi32_pd(_mm_cvttpd_epi32(a.v))};
 }
+#if NOX_LEVEL >= 3
+NOX_INLINE F64x4 cut_to_int(F64x4 a) { return {_mm256_cvtepi32_pd(_mm256_cvttpd_epi32(a.v))}; }
+#endif
 
 }  // namespace
 }  // namespace NOX_VARIANT
@@ -114,79 +117,91 @@ using namespace nox;
 
 extern "C" {
 
-void DivC_32s_SFS(const Nox32s src[], Nox32s value, Nox32s dst[], Nox32u n) {
+void NOX_BODY(DivC_32s_SFS)(const Nox32s src[], Nox32s value, Nox32s dst[], Nox32u n) {
   divide(Elements<Nox32s>{src}, ConstantDivisor<Nox32s>(value), dst, kNone<Nox32s>, n);
 }
-void DivC_32s_ISFS(Nox32s srcDst[], Nox32s value, Nox32u n) { DivC_32s_SFS(srcDst, value, srcDst, n); }
+void NOX_BODY(DivC_32s_ISFS)(Nox32s srcDst[], Nox32s value, Nox32u n) {
+  NOX_BODY(DivC_32s_SFS)(srcDst, value, srcDst, n);
+}
 
-void ModC_8u_SFS(const Nox8u src[], Nox8u value, Nox8u dst[], Nox32u n) {
+void NOX_BODY(ModC_8u_SFS)(const Nox8u src[], Nox8u value, Nox8u dst[], Nox32u n) {
   divide(Elements<Nox8u>{src}, ConstantDivisor<Nox8u>(value), kNone<Nox8u>, dst, n);
 }
-void ModC_8u_ISFS(Nox8u srcDst[], Nox8u value, Nox32u n) { ModC_8u_SFS(srcDst, value, srcDst, n); }
-void DivCREV_8u_SFS(const Nox8u src[], Nox8u value, Nox8u dst[], Nox32u n) {
+void NOX_BODY(ModC_8u_ISFS)(Nox8u srcDst[], Nox8u value, Nox32u n) { NOX_BODY(ModC_8u_SFS)(srcDst, value, srcDst, n); }
+void NOX_BODY(DivCREV_8u_SFS)(const Nox8u src[], Nox8u value, Nox8u dst[], Nox32u n) {
   divide(Constant<Nox8u>{value}, Divisors<Nox8u>{{src}}, dst, kNone<Nox8u>, n);
 }
-void DivCREV_8u_ISFS(Nox8u srcDst[], Nox8u value, Nox32u n) { DivCREV_8u_SFS(srcDst, value, srcDst, n); }
-void RemDiv_8u_SFS_Idx(const Nox8u src[], int srcIdx, Nox8u quot[], int quotIdx, Nox8u rem[], int remIdx,
-                       const Nox8u div[], int, Nox32u n) {
+void NOX_BODY(DivCREV_8u_ISFS)(Nox8u srcDst[], Nox8u value, Nox32u n) {
+  NOX_BODY(DivCREV_8u_SFS)(srcDst, value, srcDst, n);
+}
+void NOX_BODY(RemDiv_8u_SFS_Idx)(const Nox8u src[], int srcIdx, Nox8u quot[], int quotIdx, Nox8u rem[], int remIdx,
+                                 const Nox8u div[], int, Nox32u n) {
   divide(Elements<Nox8u>{at(src, srcIdx)}, Divisors<Nox8u>{{div}}, at(quot, quotIdx), at(rem, remIdx), n);
 }
-void RemDivC_8u_SFS_Idx(const Nox8u src[], int srcIdx, Nox8u quot[], int quotIdx, Nox8u rem[], int remIdx, Nox8u value,
-                        Nox32u n) {
+void NOX_BODY(RemDivC_8u_SFS_Idx)(const Nox8u src[], int srcIdx, Nox8u quot[], int quotIdx, Nox8u rem[], int remIdx,
+                                  Nox8u value, Nox32u n) {
   divide(Elements<Nox8u>{at(src, srcIdx)}, ConstantDivisor<Nox8u>(value), at(quot, quotIdx), at(rem, remIdx), n);
 }
-void RemDivCREV_8u_SFS_Idx(const Nox8u src[], int srcIdx, Nox8u quot[], int quotIdx, Nox8u rem[], int remIdx,
-                           Nox8u value, Nox32u n) {
+void NOX_BODY(RemDivCREV_8u_SFS_Idx)(const Nox8u src[], int srcIdx, Nox8u quot[], int quotIdx, Nox8u rem[], int remIdx,
+                                     Nox8u value, Nox32u n) {
   divide(Constant<Nox8u>{value}, Divisors<Nox8u>{{at(src, srcIdx)}}, at(quot, quotIdx), at(rem, remIdx), n);
 }
 
-void ModC_16s_SFS(const Nox16s src[], Nox16s value, Nox16s dst[], Nox32u n) {
+void NOX_BODY(ModC_16s_SFS)(const Nox16s src[], Nox16s value, Nox16s dst[], Nox32u n) {
   divide(Elements<Nox16s>{src}, ConstantDivisor<Nox16s>(value), kNone<Nox16s>, dst, n);
 }
-void ModC_16s_ISFS(Nox16s srcDst[], Nox16s value, Nox32u n) { ModC_16s_SFS(srcDst, value, srcDst, n); }
-void DivCREV_16s_SFS(const Nox16s src[], Nox16s value, Nox16s dst[], Nox32u n) {
+void NOX_BODY(ModC_16s_ISFS)(Nox16s srcDst[], Nox16s value, Nox32u n) {
+  NOX_BODY(ModC_16s_SFS)(srcDst, value, srcDst, n);
+}
+void NOX_BODY(DivCREV_16s_SFS)(const Nox16s src[], Nox16s value, Nox16s dst[], Nox32u n) {
   divide(Constant<Nox16s>{value}, Divisors<Nox16s>{{src}}, dst, kNone<Nox16s>, n);
 }
-void DivCREV_16s_ISFS(Nox16s srcDst[], Nox16s value, Nox32u n) { DivCREV_16s_SFS(srcDst, value, srcDst, n); }
-void RemDiv_16s_SFS_Idx(const Nox16s src[], int srcIdx, Nox16s quot[], int quotIdx, Nox16s rem[], int remIdx,
-                        const Nox16s div[], int, Nox32u n) {
+void NOX_BODY(DivCREV_16s_ISFS)(Nox16s srcDst[], Nox16s value, Nox32u n) {
+  NOX_BODY(DivCREV_16s_SFS)(srcDst, value, srcDst, n);
+}
+void NOX_BODY(RemDiv_16s_SFS_Idx)(const Nox16s src[], int srcIdx, Nox16s quot[], int quotIdx, Nox16s rem[], int remIdx,
+                                  const Nox16s div[], int, Nox32u n) {
   divide(Elements<Nox16s>{at(src, srcIdx)}, Divisors<Nox16s>{{div}}, at(quot, quotIdx), at(rem, remIdx), n);
 }
-void RemDivC_16s_SFS_Idx(const Nox16s src[], int srcIdx, Nox16s quot[], int quotIdx, Nox16s rem[], int remIdx,
-                         Nox16s value, Nox32u n) {
+void NOX_BODY(RemDivC_16s_SFS_Idx)(const Nox16s src[], int srcIdx, Nox16s quot[], int quotIdx, Nox16s rem[], int remIdx,
+                                   Nox16s value, Nox32u n) {
   divide(Elements<Nox16s>{at(src, srcIdx)}, ConstantDivisor<Nox16s>(value), at(quot, quotIdx), at(rem, remIdx), n);
 }
-void RemDivCREV_16s_SFS_Idx(const Nox16s src[], int srcIdx, Nox16s quot[], int quotIdx, Nox16s rem[], int remIdx,
-                            Nox16s value, Nox32u n) {
+void NOX_BODY(RemDivCREV_16s_SFS_Idx)(const Nox16s src[], int srcIdx, Nox16s quot[], int quotIdx, Nox16s rem[],
+                                      int remIdx, Nox16s value, Nox32u n) {
   divide(Constant<Nox16s>{value}, Divisors<Nox16s>{{at(src, srcIdx)}}, at(quot, quotIdx), at(rem, remIdx), n);
 }
 
-void ModC_32s_SFS(const Nox32s src[], Nox32s value, Nox32s dst[], Nox32u n) {
+void NOX_BODY(ModC_32s_SFS)(const Nox32s src[], Nox32s value, Nox32s dst[], Nox32u n) {
   divide(Elements<Nox32s>{src}, ConstantDivisor<Nox32s>(value), kNone<Nox32s>, dst, n);
 }
-void ModC_32s_ISFS(Nox32s srcDst[], Nox32s value, Nox32u n) { ModC_32s_SFS(srcDst, value, srcDst, n); }
-void DivCREV_32s_SFS(const Nox32s src[], Nox32s value, Nox32s dst[], Nox32u n) {
+void NOX_BODY(ModC_32s_ISFS)(Nox32s srcDst[], Nox32s value, Nox32u n) {
+  NOX_BODY(ModC_32s_SFS)(srcDst, value, srcDst, n);
+}
+void NOX_BODY(DivCREV_32s_SFS)(const Nox32s src[], Nox32s value, Nox32s dst[], Nox32u n) {
   divide(Constant<Nox32s>{value}, Divisors<Nox32s>{{src}}, dst, kNone<Nox32s>, n);
 }
-void DivCREV_32s_ISFS(Nox32s srcDst[], Nox32s value, Nox32u n) { DivCREV_32s_SFS(srcDst, value, srcDst, n); }
-void RemDiv_32s_SFS_Idx(const Nox32s src[], int srcIdx, Nox32s quot[], int quotIdx, Nox32s rem[], int remIdx,
-                        const Nox32s div[], int, Nox32u n) {
+void NOX_BODY(DivCREV_32s_ISFS)(Nox32s srcDst[], Nox32s value, Nox32u n) {
+  NOX_BODY(DivCREV_32s_SFS)(srcDst, value, srcDst, n);
+}
+void NOX_BODY(RemDiv_32s_SFS_Idx)(const Nox32s src[], int srcIdx, Nox32s quot[], int quotIdx, Nox32s rem[], int remIdx,
+                                  const Nox32s div[], int, Nox32u n) {
   divide(Elements<Nox32s>{at(src, srcIdx)}, Divisors<Nox32s>{{div}}, at(quot, quotIdx), at(rem, remIdx), n);
 }
-void RemDivC_32s_SFS_Idx(const Nox32s src[], int srcIdx, Nox32s quot[], int quotIdx, Nox32s rem[], int remIdx,
-                         Nox32s value, Nox32u n) {
+void NOX_BODY(RemDivC_32s_SFS_Idx)(const Nox32s src[], int srcIdx, Nox32s quot[], int quotIdx, Nox32s rem[], int remIdx,
+                                   Nox32s value, Nox32u n) {
   divide(Elements<Nox32s>{at(src, srcIdx)}, ConstantDivisor<Nox32s>(value), at(quot, quotIdx), at(rem, remIdx), n);
 }
-void RemDivCREV_32s_SFS_Idx(const Nox32s src[], int srcIdx, Nox32s quot[], int quotIdx, Nox32s rem[], int remIdx,
-                            Nox32s value, Nox32u n) {
+void NOX_BODY(RemDivCREV_32s_SFS_Idx)(const Nox32s src[], int srcIdx, Nox32s quot[], int quotIdx, Nox32s rem[],
+                                      int remIdx, Nox32s value, Nox32u n) {
   divide(Constant<Nox32s>{value}, Divisors<Nox32s>{{at(src, srcIdx)}}, at(quot, quotIdx), at(rem, remIdx), n);
 }
 
-void Rem(const Nox64f x[], const Nox64f y[], Nox64f dst[], Nox32u n) {
+void NOX_BODY(Rem)(const Nox64f x[], const Nox64f y[], Nox64f dst[], Nox32u n) {
   forward(
       dst, n, [](auto a, auto b) { return a - b * cut_to_int(a / b); }, x, y);
 }
-void RemVal(const Nox64f src[], Nox64f value, Nox64f dst[], Nox32u n) {
+void NOX_BODY(RemVal)(const Nox64f src[], Nox64f value, Nox64f dst[], Nox32u n) {
   const Nox64f reciprocal = 1.0 / value;
   const auto step = [=](auto a) {
     using V = decltype(a);

@@ -86,18 +86,26 @@ using namespace nox;
 
 extern "C" {
 
-void CumSum(const Nox64f src[], Nox64f dst[], Nox32u n) { running_sum(src, dst, n); }
-void CumSumc(const Nox64fc src[], Nox64fc dst[], Nox32u n) { running_sum(src, dst, n); }
-void CumSum_8u(const Nox8u src[], Nox8u dst[], Nox32u n) { running_sum(src, dst, n); }
-void CumSum_16s(const Nox16s src[], Nox16s dst[], Nox32u n) { running_sum(src, dst, n); }
-void CumSum_32s(const Nox32s src[], Nox32s dst[], Nox32u n) { running_sum(src, dst, n); }
-void CumSumDelta(const Nox64f src[], Nox64f dst[], Nox32u n, Nox32u delta) { lagged_sum(src, dst, n, delta); }
-void CumSumDeltac(const Nox64fc src[], Nox64fc dst[], Nox32u n, Nox32u delta) { lagged_sum(src, dst, n, delta); }
-void CumSumDelta_8u(const Nox8u src[], Nox8u dst[], Nox32u n, Nox32u delta) { lagged_sum(src, dst, n, delta); }
-void CumSumDelta_16s(const Nox16s src[], Nox16s dst[], Nox32u n, Nox32u delta) { lagged_sum(src, dst, n, delta); }
-void CumSumDelta_32s(const Nox32s src[], Nox32s dst[], Nox32u n, Nox32u delta) { lagged_sum(src, dst, n, delta); }
+void NOX_BODY(CumSum)(const Nox64f src[], Nox64f dst[], Nox32u n) { running_sum(src, dst, n); }
+void NOX_BODY(CumSumc)(const Nox64fc src[], Nox64fc dst[], Nox32u n) { running_sum(src, dst, n); }
+void NOX_BODY(CumSum_8u)(const Nox8u src[], Nox8u dst[], Nox32u n) { running_sum(src, dst, n); }
+void NOX_BODY(CumSum_16s)(const Nox16s src[], Nox16s dst[], Nox32u n) { running_sum(src, dst, n); }
+void NOX_BODY(CumSum_32s)(const Nox32s src[], Nox32s dst[], Nox32u n) { running_sum(src, dst, n); }
+void NOX_BODY(CumSumDelta)(const Nox64f src[], Nox64f dst[], Nox32u n, Nox32u delta) { lagged_sum(src, dst, n, delta); }
+void NOX_BODY(CumSumDeltac)(const Nox64fc src[], Nox64fc dst[], Nox32u n, Nox32u delta) {
+  lagged_sum(src, dst, n, delta);
+}
+void NOX_BODY(CumSumDelta_8u)(const Nox8u src[], Nox8u dst[], Nox32u n, Nox32u delta) {
+  lagged_sum(src, dst, n, delta);
+}
+void NOX_BODY(CumSumDelta_16s)(const Nox16s src[], Nox16s dst[], Nox32u n, Nox32u delta) {
+  lagged_sum(src, dst, n, delta);
+}
+void NOX_BODY(CumSumDelta_32s)(const Nox32s src[], Nox32s dst[], Nox32u n, Nox32u delta) {
+  lagged_sum(src, dst, n, delta);
+}
 
-void Rampd(Nox64f dst[], Nox32u n, Nox64f offset, Nox64f step) {
+void NOX_BODY(Rampd)(Nox64f dst[], Nox32u n, Nox64f offset, Nox64f step) {
   const F64x2 from = F64x2::all(offset), by = F64x2::all(step);
   __m128i k = _mm_setr_epi32(0, 1, 0, 0);
   const __m128i two = _mm_set1_epi32(2);
@@ -106,7 +114,7 @@ void Rampd(Nox64f dst[], Nox32u n, Nox64f offset, Nox64f step) {
   for (; n - i >= 2; i += 2, k = _mm_add_epi32(k, two)) (from + pair_from(k) * by).store(dst + i);
   if (i < n) F64x1{(from + pair_from(k) * by).v}.store(dst + i);
 }
-void Rampc(Nox64fc dst[], Nox32u n, const Nox64fc* offset, const Nox64fc* step) {
+void NOX_BODY(Rampc)(Nox64fc dst[], Nox32u n, const Nox64fc* offset, const Nox64fc* step) {
   const F64x2 from = parts(C64x1::load(offset)), by = parts(C64x1::load(step));
   __m128i k = _mm_setzero_si128();
   const __m128i one = _mm_set1_epi32(1);
@@ -114,7 +122,7 @@ void Rampc(Nox64fc dst[], Nox32u n, const Nox64fc* offset, const Nox64fc* step) 
   for (Nox32u i = 0; i < n; ++i, k = _mm_add_epi32(k, one)) complex<C64x1>(from + pair_from(k) * by).store(dst + i);
 }
 
-void Product(const Nox64f src[], Nox32u n, Nox64f* product) {
+void NOX_BODY(Product)(const Nox64f src[], Nox32u n, Nox64f* product) {
   constexpr Nox32u kChains = 6;
   F64x2 chain[kChains];
   for (F64x2& c : chain) c = F64x2::all(1.0);
@@ -127,21 +135,21 @@ void Product(const Nox64f src[], Nox32u n, Nox64f* product) {
   if (i < n) total = total * F64x1::load(src + i);
   total.store(product);
 }
-void Productc(const Nox64fc src[], Nox32u n, Nox64fc* product) {
+void NOX_BODY(Productc)(const Nox64fc src[], Nox32u n, Nox64fc* product) {
   C64x1 total = C64x1::all({1.0, 0.0});
   for (Nox32u i = 0; i < n; ++i) total = C64x1::load(src + i) * total;
   total.store(product);
 }
 
-void Flip(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(Flip)(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
   forward(
       dst, n, [](C64x1 x) { return swap_parts(x); }, src);
 }
-void FlipConj(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(FlipConj)(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
   forward(
       dst, n, [](C64x1 x) { return conj(swap_parts(x)); }, src);
 }
-void Reverse(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(Reverse)(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
   if (src == dst)
     reverse_in_place<c64>(dst, static_cast<int>(n));
   else

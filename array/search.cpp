@@ -216,103 +216,110 @@ using namespace nox;
 
 extern "C" {
 
-void FindMask_8u_Idx(Nox32u code, const Nox8u x[], int xIdx, const Nox8u y[], int yIdx, Nox32s mask[], int maskIdx,
-                     Nox32u n) {
+void NOX_BODY(FindMask_8u_Idx)(Nox32u code, const Nox8u x[], int xIdx, const Nox8u y[], int yIdx, Nox32s mask[],
+                               int maskIdx, Nox32u n) {
   find_mask(code, at(x, xIdx), Others<Nox8u>{at(y, yIdx)}, at(mask, maskIdx), n);
 }
-void FindIndexes_8u_Idx(Nox32u code, const Nox8u x[], int xIdx, const Nox8u y[], int yIdx, Nox32u indexes[],
-                        int indexesIdx, Nox32u n, Nox32u* count) {
+void NOX_BODY(FindIndexes_8u_Idx)(Nox32u code, const Nox8u x[], int xIdx, const Nox8u y[], int yIdx, Nox32u indexes[],
+                                  int indexesIdx, Nox32u n, Nox32u* count) {
   find<false>(code, at(x, xIdx), Others<Nox8u>{at(y, yIdx)}, at(indexes, indexesIdx), kNone<Nox8u>, n, count);
 }
-void FindAndGather_8u_Idx(Nox32u code, const Nox8u x[], int xIdx, const Nox8u y[], int yIdx, Nox32u indexes[],
-                          int indexesIdx, Nox8u values[], int valuesIdx, Nox32u n, Nox32u* count) {
+void NOX_BODY(FindAndGather_8u_Idx)(Nox32u code, const Nox8u x[], int xIdx, const Nox8u y[], int yIdx, Nox32u indexes[],
+                                    int indexesIdx, Nox8u values[], int valuesIdx, Nox32u n, Nox32u* count) {
   find<true>(code, at(x, xIdx), Others<Nox8u>{at(y, yIdx)}, at(indexes, indexesIdx), at(values, valuesIdx), n, count);
 }
-void FindMaskC_8u_Idx(Nox32u code, const Nox8u x[], int xIdx, Nox8u value, Nox32s mask[], int maskIdx, Nox32u n) {
+void NOX_BODY(FindMaskC_8u_Idx)(Nox32u code, const Nox8u x[], int xIdx, Nox8u value, Nox32s mask[], int maskIdx,
+                                Nox32u n) {
   find_mask(code, at(x, xIdx), Value<Nox8u>{value}, at(mask, maskIdx), n);
 }
-void FindIndexesC_8u_Idx(Nox32u code, const Nox8u x[], int xIdx, Nox8u value, Nox32u indexes[], int indexesIdx,
-                         Nox32u n, Nox32u* count) {
+void NOX_BODY(FindIndexesC_8u_Idx)(Nox32u code, const Nox8u x[], int xIdx, Nox8u value, Nox32u indexes[],
+                                   int indexesIdx, Nox32u n, Nox32u* count) {
   find<false>(code, at(x, xIdx), Value<Nox8u>{value}, at(indexes, indexesIdx), kNone<Nox8u>, n, count);
 }
-void FindAndGatherC_8u_Idx(Nox32u code, const Nox8u x[], int xIdx, Nox8u value, Nox32u indexes[], int indexesIdx,
-                           Nox8u values[], int valuesIdx, Nox32u n, Nox32u* count) {
+void NOX_BODY(FindAndGatherC_8u_Idx)(Nox32u code, const Nox8u x[], int xIdx, Nox8u value, Nox32u indexes[],
+                                     int indexesIdx, Nox8u values[], int valuesIdx, Nox32u n, Nox32u* count) {
   find<true>(code, at(x, xIdx), Value<Nox8u>{value}, at(indexes, indexesIdx), at(values, valuesIdx), n, count);
 }
 
-void FindMask_16s_Idx(Nox32u code, const Nox16s x[], int xIdx, const Nox16s y[], int yIdx, Nox32s mask[], int maskIdx,
-                      Nox32u n) {
+void NOX_BODY(FindMask_16s_Idx)(Nox32u code, const Nox16s x[], int xIdx, const Nox16s y[], int yIdx, Nox32s mask[],
+                                int maskIdx, Nox32u n) {
   find_mask(code, at(x, xIdx), Others<Nox16s>{at(y, yIdx)}, at(mask, maskIdx), n);
 }
-void FindIndexes_16s_Idx(Nox32u code, const Nox16s x[], int xIdx, const Nox16s y[], int yIdx, Nox32u indexes[],
-                         int indexesIdx, Nox32u n, Nox32u* count) {
+void NOX_BODY(FindIndexes_16s_Idx)(Nox32u code, const Nox16s x[], int xIdx, const Nox16s y[], int yIdx,
+                                   Nox32u indexes[], int indexesIdx, Nox32u n, Nox32u* count) {
   find<false>(code, at(x, xIdx), Others<Nox16s>{at(y, yIdx)}, at(indexes, indexesIdx), kNone<Nox16s>, n, count);
 }
-void FindAndGather_16s_Idx(Nox32u code, const Nox16s x[], int xIdx, const Nox16s y[], int yIdx, Nox32u indexes[],
-                           int indexesIdx, Nox16s values[], int valuesIdx, Nox32u n, Nox32u* count) {
+void NOX_BODY(FindAndGather_16s_Idx)(Nox32u code, const Nox16s x[], int xIdx, const Nox16s y[], int yIdx,
+                                     Nox32u indexes[], int indexesIdx, Nox16s values[], int valuesIdx, Nox32u n,
+                                     Nox32u* count) {
   find<true>(code, at(x, xIdx), Others<Nox16s>{at(y, yIdx)}, at(indexes, indexesIdx), at(values, valuesIdx), n, count);
 }
-void FindMaskC_16s_Idx(Nox32u code, const Nox16s x[], int xIdx, Nox16s value, Nox32s mask[], int maskIdx, Nox32u n) {
+void NOX_BODY(FindMaskC_16s_Idx)(Nox32u code, const Nox16s x[], int xIdx, Nox16s value, Nox32s mask[], int maskIdx,
+                                 Nox32u n) {
   find_mask(code, at(x, xIdx), Value<Nox16s>{value}, at(mask, maskIdx), n);
 }
-void FindIndexesC_16s_Idx(Nox32u code, const Nox16s x[], int xIdx, Nox16s value, Nox32u indexes[], int indexesIdx,
-                          Nox32u n, Nox32u* count) {
+void NOX_BODY(FindIndexesC_16s_Idx)(Nox32u code, const Nox16s x[], int xIdx, Nox16s value, Nox32u indexes[],
+                                    int indexesIdx, Nox32u n, Nox32u* count) {
   find<false>(code, at(x, xIdx), Value<Nox16s>{value}, at(indexes, indexesIdx), kNone<Nox16s>, n, count);
 }
-void FindAndGatherC_16s_Idx(Nox32u code, const Nox16s x[], int xIdx, Nox16s value, Nox32u indexes[], int indexesIdx,
-                            Nox16s values[], int valuesIdx, Nox32u n, Nox32u* count) {
+void NOX_BODY(FindAndGatherC_16s_Idx)(Nox32u code, const Nox16s x[], int xIdx, Nox16s value, Nox32u indexes[],
+                                      int indexesIdx, Nox16s values[], int valuesIdx, Nox32u n, Nox32u* count) {
   find<true>(code, at(x, xIdx), Value<Nox16s>{value}, at(indexes, indexesIdx), at(values, valuesIdx), n, count);
 }
 
-void FindMask_32s_Idx(Nox32u code, const Nox32s x[], int xIdx, const Nox32s y[], int yIdx, Nox32s mask[], int maskIdx,
-                      Nox32u n) {
+void NOX_BODY(FindMask_32s_Idx)(Nox32u code, const Nox32s x[], int xIdx, const Nox32s y[], int yIdx, Nox32s mask[],
+                                int maskIdx, Nox32u n) {
   find_mask(code, at(x, xIdx), Others<Nox32s>{at(y, yIdx)}, at(mask, maskIdx), n);
 }
-void FindIndexes_32s_Idx(Nox32u code, const Nox32s x[], int xIdx, const Nox32s y[], int yIdx, Nox32u indexes[],
-                         int indexesIdx, Nox32u n, Nox32u* count) {
+void NOX_BODY(FindIndexes_32s_Idx)(Nox32u code, const Nox32s x[], int xIdx, const Nox32s y[], int yIdx,
+                                   Nox32u indexes[], int indexesIdx, Nox32u n, Nox32u* count) {
   find<false>(code, at(x, xIdx), Others<Nox32s>{at(y, yIdx)}, at(indexes, indexesIdx), kNone<Nox32s>, n, count);
 }
-void FindAndGather_32s_Idx(Nox32u code, const Nox32s x[], int xIdx, const Nox32s y[], int yIdx, Nox32u indexes[],
-                           int indexesIdx, Nox32s values[], int valuesIdx, Nox32u n, Nox32u* count) {
+void NOX_BODY(FindAndGather_32s_Idx)(Nox32u code, const Nox32s x[], int xIdx, const Nox32s y[], int yIdx,
+                                     Nox32u indexes[], int indexesIdx, Nox32s values[], int valuesIdx, Nox32u n,
+                                     Nox32u* count) {
   find<true>(code, at(x, xIdx), Others<Nox32s>{at(y, yIdx)}, at(indexes, indexesIdx), at(values, valuesIdx), n, count);
 }
-void FindMaskC_32s_Idx(Nox32u code, const Nox32s x[], int xIdx, Nox32s value, Nox32s mask[], int maskIdx, Nox32u n) {
+void NOX_BODY(FindMaskC_32s_Idx)(Nox32u code, const Nox32s x[], int xIdx, Nox32s value, Nox32s mask[], int maskIdx,
+                                 Nox32u n) {
   find_mask(code, at(x, xIdx), Value<Nox32s>{value}, at(mask, maskIdx), n);
 }
-void FindIndexesC_32s_Idx(Nox32u code, const Nox32s x[], int xIdx, Nox32s value, Nox32u indexes[], int indexesIdx,
-                          Nox32u n, Nox32u* count) {
+void NOX_BODY(FindIndexesC_32s_Idx)(Nox32u code, const Nox32s x[], int xIdx, Nox32s value, Nox32u indexes[],
+                                    int indexesIdx, Nox32u n, Nox32u* count) {
   find<false>(code, at(x, xIdx), Value<Nox32s>{value}, at(indexes, indexesIdx), kNone<Nox32s>, n, count);
 }
-void FindAndGatherC_32s_Idx(Nox32u code, const Nox32s x[], int xIdx, Nox32s value, Nox32u indexes[], int indexesIdx,
-                            Nox32s values[], int valuesIdx, Nox32u n, Nox32u* count) {
+void NOX_BODY(FindAndGatherC_32s_Idx)(Nox32u code, const Nox32s x[], int xIdx, Nox32s value, Nox32u indexes[],
+                                      int indexesIdx, Nox32s values[], int valuesIdx, Nox32u n, Nox32u* count) {
   find<true>(code, at(x, xIdx), Value<Nox32s>{value}, at(indexes, indexesIdx), at(values, valuesIdx), n, count);
 }
 
-void FindMask_64f_Idx(Nox32u code, const Nox64f x[], int xIdx, const Nox64f y[], int yIdx, Nox32s mask[], int maskIdx,
-                      Nox32u n) {
+void NOX_BODY(FindMask_64f_Idx)(Nox32u code, const Nox64f x[], int xIdx, const Nox64f y[], int yIdx, Nox32s mask[],
+                                int maskIdx, Nox32u n) {
   find_mask(code, at(x, xIdx), Others<Nox64f>{at(y, yIdx)}, at(mask, maskIdx), n);
 }
-void FindIndexes_64f_Idx(Nox32u code, const Nox64f x[], int xIdx, const Nox64f y[], int yIdx, Nox32u indexes[],
-                         int indexesIdx, Nox32u n, Nox32u* count) {
+void NOX_BODY(FindIndexes_64f_Idx)(Nox32u code, const Nox64f x[], int xIdx, const Nox64f y[], int yIdx,
+                                   Nox32u indexes[], int indexesIdx, Nox32u n, Nox32u* count) {
   find<false>(code, at(x, xIdx), Others<Nox64f>{at(y, yIdx)}, at(indexes, indexesIdx), kNone<Nox64f>, n, count);
 }
-void FindAndGather_64f_Idx(Nox32u code, const Nox64f x[], int xIdx, const Nox64f y[], int yIdx, Nox32u indexes[],
-                           int indexesIdx, Nox64f values[], int valuesIdx, Nox32u n, Nox32u* count) {
+void NOX_BODY(FindAndGather_64f_Idx)(Nox32u code, const Nox64f x[], int xIdx, const Nox64f y[], int yIdx,
+                                     Nox32u indexes[], int indexesIdx, Nox64f values[], int valuesIdx, Nox32u n,
+                                     Nox32u* count) {
   find<true>(code, at(x, xIdx), Others<Nox64f>{at(y, yIdx)}, at(indexes, indexesIdx), at(values, valuesIdx), n, count);
 }
-void FindMaskC_64f_Idx(Nox32u code, const Nox64f x[], int xIdx, Nox64f value, Nox32s mask[], int maskIdx, Nox32u n) {
+void NOX_BODY(FindMaskC_64f_Idx)(Nox32u code, const Nox64f x[], int xIdx, Nox64f value, Nox32s mask[], int maskIdx,
+                                 Nox32u n) {
   find_mask(code, at(x, xIdx), Value<Nox64f>{value}, at(mask, maskIdx), n);
 }
-void FindIndexesC_64f_Idx(Nox32u code, const Nox64f x[], int xIdx, Nox64f value, Nox32u indexes[], int indexesIdx,
-                          Nox32u n, Nox32u* count) {
+void NOX_BODY(FindIndexesC_64f_Idx)(Nox32u code, const Nox64f x[], int xIdx, Nox64f value, Nox32u indexes[],
+                                    int indexesIdx, Nox32u n, Nox32u* count) {
   find<false>(code, at(x, xIdx), Value<Nox64f>{value}, at(indexes, indexesIdx), kNone<Nox64f>, n, count);
 }
-void FindAndGatherC_64f_Idx(Nox32u code, const Nox64f x[], int xIdx, Nox64f value, Nox32u indexes[], int indexesIdx,
-                            Nox64f values[], int valuesIdx, Nox32u n, Nox32u* count) {
+void NOX_BODY(FindAndGatherC_64f_Idx)(Nox32u code, const Nox64f x[], int xIdx, Nox64f value, Nox32u indexes[],
+                                      int indexesIdx, Nox64f values[], int valuesIdx, Nox32u n, Nox32u* count) {
   find<true>(code, at(x, xIdx), Value<Nox64f>{value}, at(indexes, indexesIdx), at(values, valuesIdx), n, count);
 }
 
-void CountGT(const Nox64f x[], Nox64f value, Nox32u* count, Nox32u n) {
+void NOX_BODY(CountGT)(const Nox64f x[], Nox64f value, Nox32u* count, Nox32u n) {
   const F64x2 bound = F64x2::all(value);
   __m128i fewer[4] = {};  // the counts of four chains, negative
   Nox32u k = 0;
@@ -327,10 +334,10 @@ void CountGT(const Nox64f x[], Nox64f value, Nox32u* count, Nox32u n) {
   *count = found;
 }
 
-Nox32s PackByMask(Nox32u n, const Nox64f src[], Nox64f dst[], const Nox32s mask[]) {
+Nox32s NOX_BODY(PackByMask)(Nox32u n, const Nox64f src[], Nox64f dst[], const Nox32s mask[]) {
   return static_cast<Nox32s>(compress(src, dst, mask, n));
 }
-Nox32s PackByMaskc(Nox32u n, const Nox64fc src[], Nox64fc dst[], const Nox32s mask[]) {
+Nox32s NOX_BODY(PackByMaskc)(Nox32u n, const Nox64fc src[], Nox64fc dst[], const Nox32s mask[]) {
   return static_cast<Nox32s>(compress(src, dst, mask, n));
 }
 

@@ -48,36 +48,36 @@ using namespace nox;
 
 extern "C" {
 
-void Sgndd(const Nox64f src[], Nox64f dst[], Nox32u n) {
+void NOX_BODY(Sgndd)(const Nox64f src[], Nox64f dst[], Nox32u n) {
   forward(
       dst, n, [](auto x) { return sign(x); }, src);
 }
-void Sgndc(const Nox64f src[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(Sgndc)(const Nox64f src[], Nox64fc dst[], Nox32u n) {
   forward(
       dst, n, [](F64x1 x) { return beside_zero(sign(x)); }, src);
 }
-void Sgncd(const Nox64fc src[], Nox64f dst[], Nox32u n) {
+void NOX_BODY(Sgncd)(const Nox64fc src[], Nox64f dst[], Nox32u n) {
   forward(
       dst, n, [](auto x) { return sign(apart(x).re, apart(x).im); }, src);
 }
-void Sgncc(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(Sgncc)(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
   forward(
       dst, n, [](C64x1 x) { return beside_zero(sign(apart(x).re, apart(x).im)); }, src);
 }
 
-void SgnMul(const Nox64f src[], Nox64f dst[], Nox32u n) {
+void NOX_BODY(SgnMul)(const Nox64f src[], Nox64f dst[], Nox32u n) {
   forward(
       dst, n, [](auto d, auto x) { return signed_by(d, x); }, dst, src);
 }
-void SgnMuldc(const Nox64f src[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(SgnMuldc)(const Nox64f src[], Nox64fc dst[], Nox32u n) {
   const auto step = [](C64x1 d, F64x1 x) { return complex<C64x1>(signed_by(parts(d), parts(re_twice(C64x1{x.v})))); };
   forward(dst, n, step, dst, src);
 }
-void SgnMulcd(const Nox64fc src[], Nox64f dst[], Nox32u n) {
+void NOX_BODY(SgnMulcd)(const Nox64fc src[], Nox64f dst[], Nox32u n) {
   forward(
       dst, n, [](auto d, auto x) { return signed_by(d, apart(x).re, apart(x).im); }, dst, src);
 }
-void SgnMulc(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(SgnMulc)(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
   const auto step = [](C64x1 d, C64x1 x) {
     return complex<C64x1>(signed_by(parts(d), parts(re_twice(x)), parts(im_twice(x))));
   };

@@ -39,6 +39,15 @@ NOX_INLINE TwoComplex all_of(C64x1 a) {
   return {low_halves(v, v), high_halves(v, v)};
 }
 
+// run(v) with v() the complex constant of a call: read once, or again for every element where a result may change it.
+template <class Run>
+NOX_INLINE void with_constant(const Nox64fc* value, const Nox64fc* d, Nox32u n, Run&& run) {
+  if (overlap(d, n * sizeof *d, value, sizeof *value))
+    run([value] { return one(value); });
+  else
+    run([c = one(value)] { return c; });
+}
+
 // d[i] = f(s[i]...) two at a time, unless a result changes an operand of a later one.
 template <class F, class... S>
 NOX_INLINE void forward_pairs(Nox64fc* d, Nox32u n, F&& f, const S*... s) {
@@ -61,62 +70,74 @@ using namespace nox;
 
 extern "C" {
 
-void AddValue(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n) {
+void NOX_BODY(AddValue)(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n) {
   forward(
       dst, n, [value](auto x) { return x + decltype(x)::all(value); }, src);
 }
-void AddValuec(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
-  forward(
-      dst, n, [value](C64x1 x) { return x + one(value); }, src);
+void NOX_BODY(AddValuec)(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
+  with_constant(value, dst, n, [=](auto v) {
+    forward(
+        dst, n, [v](C64x1 x) { return x + v(); }, src);
+  });
 }
-void AddValuecd(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
+void NOX_BODY(AddValuecd)(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
   forward(
       dst, n, [value](C64x1 x) { return with_zero(value) + x; }, src);
 }
-void AddValuedc(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
-  forward(
-      dst, n, [value](F64x1 x) { return with_zero(x) + one(value); }, src);
+void NOX_BODY(AddValuedc)(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
+  with_constant(value, dst, n, [=](auto v) {
+    forward(
+        dst, n, [v](F64x1 x) { return with_zero(x) + v(); }, src);
+  });
 }
 
-void SubFromValue(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n) {
+void NOX_BODY(SubFromValue)(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n) {
   forward(
       dst, n, [value](auto x) { return decltype(x)::all(value) - x; }, src);
 }
-void SubFromValuec(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
-  forward(
-      dst, n, [value](C64x1 x) { return one(value) - x; }, src);
+void NOX_BODY(SubFromValuec)(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
+  with_constant(value, dst, n, [=](auto v) {
+    forward(
+        dst, n, [v](C64x1 x) { return v() - x; }, src);
+  });
 }
-void SubFromValuecd(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
+void NOX_BODY(SubFromValuecd)(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
   forward(
       dst, n, [value](C64x1 x) { return with_zero(value) - x; }, src);
 }
-void SubFromValuedc(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
-  forward(
-      dst, n, [value](F64x1 x) { return one(value) - with_zero(x); }, src);
+void NOX_BODY(SubFromValuedc)(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
+  with_constant(value, dst, n, [=](auto v) {
+    forward(
+        dst, n, [v](F64x1 x) { return v() - with_zero(x); }, src);
+  });
 }
 
-void ScaleByValue(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n) {
+void NOX_BODY(ScaleByValue)(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n) {
   forward(
       dst, n, [value](auto x) { return x * decltype(x)::all(value); }, src);
 }
-void ScaleByValuec(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
-  forward(
-      dst, n, [value](C64x1 x) { return x * one(value); }, src);
+void NOX_BODY(ScaleByValuec)(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
+  with_constant(value, dst, n, [=](auto v) {
+    forward(
+        dst, n, [v](C64x1 x) { return x * v(); }, src);
+  });
 }
-void ScaleByValuecd(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
+void NOX_BODY(ScaleByValuecd)(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
   forward(
       dst, n, [value](C64x1 x) { return times(x, twice(value)); }, src);
 }
-void ScaleByValuedc(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
-  forward(
-      dst, n, [value](F64x1 x) { return times(twice(x), one(value)); }, src);
+void NOX_BODY(ScaleByValuedc)(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
+  with_constant(value, dst, n, [=](auto v) {
+    forward(
+        dst, n, [v](F64x1 x) { return times(twice(x), v()); }, src);
+  });
 }
 
-void DivideValue(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n) {
+void NOX_BODY(DivideValue)(const Nox64f src[], Nox64f dst[], Nox64f value, Nox32u n) {
   forward(
       dst, n, [value](auto x) { return decltype(x)::all(value) / x; }, src);
 }
-void DivideValuec(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
+void NOX_BODY(DivideValuec)(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
   if (overlap(dst, n * sizeof *dst, value, sizeof *value))
     return forward(
         dst, n, [value](C64x1 x) { return quotient(one(value), x); }, src);
@@ -129,7 +150,7 @@ void DivideValuec(const Nox64fc src[], Nox64fc dst[], const Nox64fc* value, Nox3
   };
   forward_pairs(dst, n, step, src);
 }
-void DivideValuecd(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
+void NOX_BODY(DivideValuecd)(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
   const auto step = [value](auto x) {
     if constexpr (std::is_same_v<decltype(x), TwoComplex>)
       return quotient(with_zero(F64x2::all(value)), x);
@@ -138,49 +159,51 @@ void DivideValuecd(const Nox64fc src[], Nox64fc dst[], Nox64f value, Nox32u n) {
   };
   forward_pairs(dst, n, step, src);
 }
-void DivideValuedc(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
-  forward(
-      dst, n, [value](F64x1 x) { return over(one(value), twice(x)); }, src);
+void NOX_BODY(DivideValuedc)(const Nox64f src[], Nox64fc dst[], const Nox64fc* value, Nox32u n) {
+  with_constant(value, dst, n, [=](auto v) {
+    forward(
+        dst, n, [v](F64x1 x) { return over(v(), twice(x)); }, src);
+  });
 }
 
-void AddVeccd(const Nox64fc a[], const Nox64f b[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(AddVeccd)(const Nox64fc a[], const Nox64f b[], Nox64fc dst[], Nox32u n) {
   forward(
       dst, n, [](C64x1 x, F64x1 y) { return with_zero(y) + x; }, a, b);
 }
-void SubVeccd(const Nox64fc a[], const Nox64f b[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(SubVeccd)(const Nox64fc a[], const Nox64f b[], Nox64fc dst[], Nox32u n) {
   forward(
       dst, n, [](C64x1 x, F64x1 y) { return x - with_zero(y); }, a, b);
 }
-void SubVecdc(const Nox64f a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(SubVecdc)(const Nox64f a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
   forward(
       dst, n, [](F64x1 x, C64x1 y) { return with_zero(x) - y; }, a, b);
 }
-void MulVeccd(const Nox64fc a[], const Nox64f b[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(MulVeccd)(const Nox64fc a[], const Nox64f b[], Nox64fc dst[], Nox32u n) {
   forward(
       dst, n, [](C64x1 x, F64x1 y) { return times(x, twice(y)); }, a, b);
 }
-void DivVeccd(const Nox64fc a[], const Nox64f b[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(DivVeccd)(const Nox64fc a[], const Nox64f b[], Nox64fc dst[], Nox32u n) {
   forward(
       dst, n, [](C64x1 x, F64x1 y) { return over(x, twice(y)); }, a, b);
 }
-void DivVecdc(const Nox64f a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(DivVecdc)(const Nox64f a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
   forward_pairs(
       dst, n, [](auto x, auto y) { return quotient(with_zero(x), y); }, a, b);
 }
-void DivVeccc(const Nox64fc a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(DivVeccc)(const Nox64fc a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
   forward_pairs(
       dst, n, [](auto x, auto y) { return quotient(x, y); }, a, b);
 }
-void ConjMulcc(const Nox64fc a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(ConjMulcc)(const Nox64fc a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
   forward(
       dst, n, [](C64x1 x, C64x1 y) { return x * conj(y); }, a, b);
 }
-void MulI(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(MulI)(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
   forward(
       dst, n, [](C64x1 x) { return swap_parts(conj(x)); }, src);
 }
 
-void Powc(const Nox64fc a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
+void NOX_BODY(Powc)(const Nox64fc a[], const Nox64fc b[], Nox64fc dst[], Nox32u n) {
   for (Nox32u i = 1; i < n; ++i) {
     _Complex double base, exponent;
     __real__ base = a[i].re;

@@ -9,7 +9,8 @@ file(GLOB_RECURSE NOX_HEADERS CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/include/no
 set(NOX_GENERATED_FILES
     ${NOX_GENERATED}/dispatch.S ${NOX_GENERATED}/index_forms.cpp ${NOX_GENERATED}/bodies.hpp
     ${NOX_GENERATED}/plain.hpp ${NOX_GENERATED}/exports.map ${NOX_GENERATED}/status_rows.inc
-    ${NOX_GENERATED}/declarations.inc ${NOX_GENERATED}/include/nox/index.h)
+    ${NOX_GENERATED}/declarations.inc ${NOX_GENERATED}/array_bodies.hpp ${NOX_GENERATED}/array_entries.cpp
+    ${NOX_GENERATED}/include/nox/index.h)
 add_custom_command(
   OUTPUT ${NOX_GENERATED}/stamp
   BYPRODUCTS ${NOX_GENERATED_FILES}
@@ -42,6 +43,12 @@ set(NOX_FLAGS_s8 -mssse3 -mtune=bonnell -mno-movbe)
 set(NOX_FLAGS_p8 -msse4.2 -mno-popcnt)
 set(NOX_FLAGS_g9 -mavx -mno-f16c)
 set(NOX_FLAGS_h9 -mavx2 -mfma -mbmi -mbmi2 -mno-lzcnt -mno-movbe -mno-f16c)
+# The array layer's builds, and the ones at whose level they are.
+set(NOX_ARRAY_BUILDS array arrayavx)
+set(NOX_FLAGS_array ${NOX_FLAGS_w7})
+set(NOX_FLAGS_arrayavx ${NOX_FLAGS_g9})
+set(NOX_LEVEL_OF_array w7)
+set(NOX_LEVEL_OF_arrayavx g9)
 
 function(nox_internal_target target)
   add_dependencies(${target} nox_generated)
@@ -50,10 +57,14 @@ function(nox_internal_target target)
   set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON INTERPROCEDURAL_OPTIMIZATION OFF)
 endfunction()
 
-# Makes a target part of one build: its tag, its column in the dispatch table, its flags.
+# Makes a target part of one build: its tag, its level, which is a column of the dispatch table, its flags.
 function(nox_variant_target target tag)
   nox_internal_target(${target})
-  list(FIND NOX_VARIANTS ${tag} level)
+  if(DEFINED NOX_LEVEL_OF_${tag})
+    list(FIND NOX_VARIANTS ${NOX_LEVEL_OF_${tag}} level)
+  else()
+    list(FIND NOX_VARIANTS ${tag} level)
+  endif()
   target_compile_definitions(${target} PRIVATE NOX_VARIANT=${tag} NOX_LEVEL=${level})
   # Bodies and kernels call only their own kind, which take any stack: not to align it for them keeps entries short and
   # lets a body end in a jump to its kernel.
@@ -83,19 +94,23 @@ endforeach()
 # ---- the rest, once
 file(GLOB NOX_ONCE CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/core/*.cpp ${PROJECT_SOURCE_DIR}/core/*.S
      ${PROJECT_SOURCE_DIR}/adapters/*.cpp)
-# The array layer has one build, which is written with the lanes and drivers of the others, at the level of SSE2.
+# The array layer has two builds, which are written with the lanes and drivers of the others: at the levels of SSE2 and
+# of AVX.
 file(GLOB NOX_ARRAY CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/array/*.cpp)
-set_source_files_properties(${NOX_ARRAY} PROPERTIES COMPILE_DEFINITIONS "NOX_VARIANT=array;NOX_LEVEL=0"
-                            COMPILE_OPTIONS -fno-tree-loop-distribute-patterns)
-add_library(nox SHARED ${NOX_ONCE} ${NOX_ARRAY} ${NOX_GENERATED}/dispatch.S ${NOX_GENERATED}/index_forms.cpp
-            ${NOX_OBJECTS})
+foreach(tag IN LISTS NOX_ARRAY_BUILDS)
+  add_library(nox_${tag} OBJECT ${NOX_ARRAY})
+  nox_variant_target(nox_${tag} ${tag})
+  list(APPEND NOX_OBJECTS $<TARGET_OBJECTS:nox_${tag}>)
+endforeach()
+add_library(nox SHARED ${NOX_ONCE} ${NOX_GENERATED}/dispatch.S ${NOX_GENERATED}/index_forms.cpp
+            ${NOX_GENERATED}/array_entries.cpp ${NOX_OBJECTS})
 nox_internal_target(nox)
 target_compile_options(nox PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${NOX_WARNINGS} ${NOX_CODE} ${NOX_BASE} -msse2>)
 # Forwarders call stubs and bodies alone, which take any stack: no need to align it for them. Nor do they need the
 # address of a table to call what is linked beside them: they end in a jump.
 set_source_files_properties(${PROJECT_SOURCE_DIR}/adapters/move_index.cpp
                             PROPERTIES COMPILE_OPTIONS "${NOX_SHORT_FRAMES}")
-set_source_files_properties(${NOX_GENERATED}/index_forms.cpp
+set_source_files_properties(${NOX_GENERATED}/index_forms.cpp ${NOX_GENERATED}/array_entries.cpp
                             PROPERTIES COMPILE_OPTIONS "-fno-pic;${NOX_SHORT_FRAMES}")
 target_include_directories(nox INTERFACE
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<BUILD_INTERFACE:${NOX_GENERATED}/include>

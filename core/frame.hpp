@@ -27,6 +27,8 @@ bool noxDetectCpuFeatures(Nox64u& mask);
 Selection noxSelectVariant(Nox64u mask);
 // Makes the features in force what the library believes of the processor.
 void trust_enabled_features();
+// Whether AVX is in force; not before the first call of a primitive or of noxSetCpuFeatures.
+inline bool has_avx() { return cpuSelector >= 3; }
 // Whether every bit of the mask is in force.
 bool noxHasFeature(Nox64u mask);
 

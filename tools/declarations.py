@@ -9,6 +9,8 @@ from pathlib import Path
 
 # Index forms whose name isn't the primitive's with _Idx behind it.
 INDEX_NAME = {"noxsCopyLE_1u": "noxsCopy_1u_Idx"}
+# Exports that are one function with another.
+ONE_WITH = {"MinIndx_8u_Idx": "MaxIndx_8u_Idx"}
 # Functions of the array layer that have none in spite of their arrays.
 WITHOUT_INDEX_FORM = ("Powc", "Rampd")
 
@@ -38,12 +40,17 @@ class Function:
     parameters: list
     header: str = ""         # as in an #include; empty for a derived index form
     internal: bool = False   # has a row but no export
-    brief: str = ""
+    comment: str = ""        # of the declaration, without its frame
     primitive: object = field(default=None, repr=False)   # of an index form
 
     @property
     def dispatched(self):
         return bool(re.match(r"nox[si][A-Z]", self.name)) and not self.name.endswith("_Idx")
+
+    @property
+    def in_array_builds(self):
+        """Whether its body stands in the builds of the array layer."""
+        return self.header.startswith("nox/array/")
 
     @property
     def array_layer(self):
@@ -69,7 +76,8 @@ def parse_parameters(text):
 
 
 def parse(text, header, macro):
-    briefs = {m.end(): m[1] for m in re.finditer(r"/\*\*\s*\*?\s*(?:@brief )?(.*?)(?:\n.*?)?\*/\s*", text, re.S)}
+    comments = {m.end(): re.sub(r"^ \* ?", "", m[1], flags=re.M).strip()
+                for m in re.finditer(r"/\*\*((?:[^*]|\*(?!/))*)\*/\s*", text)}
     found = list(re.finditer(macro + r"\(([^()]+)\)\s+(\w+)\(([^()]*)\);", text))
     # A declaration that the pattern doesn't match must not vanish without a word: every use of the macro counts.
     code = re.sub(r"/\*.*?\*/|^[ \t]*#.*?(?<!\\)$", lambda m: re.sub(r"[^\n]", " ", m[0]), text, flags=re.S | re.M)
@@ -77,7 +85,7 @@ def parse(text, header, macro):
         if m.start() not in {f.start() for f in found}:
             raise SystemExit(f"{header}: can't read the declaration '{' '.join(m[0].split())}'")
     for m in found:
-        yield Function(m[2], m[1], parse_parameters(m[3]), header, brief=briefs.get(m.start(), ""))
+        yield Function(m[2], m[1], parse_parameters(m[3]), header, comment=comments.get(m.start(), ""))
 
 
 def read_headers(include, internal):
@@ -126,6 +134,25 @@ def index_forms(functions):
                 parameters.append(Parameter("int", index_name(p.name), False, False, False))
         out.append(Function(name, f.result, parameters, primitive=f))
     return out
+
+
+def documentation(functions):
+    """The comments by the functions' names, with the texts that they copy from others in their places."""
+    own = {f.name: f.comment for f in functions}
+
+    def details(text):
+        return re.split(r"\n\n|\n(?=@)", text, maxsplit=1)[-1]
+
+    def whole(name):
+        text = re.sub(r"@copydoc (\w+)", lambda m: whole(m[1]), own[name])
+        return re.sub(r"@copydetails (\w+)", lambda m: details(whole(m[1])), text)
+    return {name: whole(name) for name in own}
+
+
+def brief(comment):
+    """The first sentence or two of a comment, on one line."""
+    text = re.split(r"\n\n|\n(?=@)|$", comment.removeprefix("@brief "), maxsplit=1)[0]
+    return " ".join(text.split())
 
 
 def parameter_list(parameters):

@@ -8,7 +8,8 @@ A primitive is declared once, as `NOX_API(result) name(parameters);` in a public
 those this script makes, in DIR: `dispatch.S` (stubs, initial entries, rows), `index_forms.cpp` with the header
 `include/nox/index.h`, `bodies.hpp` and `plain.hpp` (typed declarations of the bodies and of the stubs under names
 that stay inside the library), `exports.map` for the linker, `status_rows.inc`, and `declarations.inc`, the
-declarations as data for the tests. Files are rewritten only when they change.
+declarations as data for the tests; and for the array layer, whose two builds have no rows, `array_bodies.hpp` and the
+entries that choose between them, `array_entries.cpp`. Files are rewritten only when they change.
 """
 import argparse
 import re
@@ -79,14 +80,24 @@ def plain(functions, headers):
     return "\n".join(out + ["}"]) + "\n"
 
 
-def index_header(forms):
+def index_comment(form, text):
+    """The comment of a primitive without export, as one of its index form."""
+    text = re.sub(r"\b(nox[si]\w+)\(\)", lambda m: m[0] if m[1].endswith("_Idx") else f"{m[1]}_Idx()", text)
+    for p in form.primitive.parameters:
+        if p.array:
+            index = f"@param {decl.index_name(p.name)}  index of the first element of {p.name}"
+            text = re.sub(rf"^(@param {p.name}\b.*?)(?=\n@|\Z)", lambda m: f"{m[1]}\n{index}", text, flags=re.M | re.S)
+    return "/**\n" + "".join(f" * {line}".rstrip() + "\n" for line in text.splitlines()) + " */"
+
+
+def index_header(forms, documents):
     out = [f"/* {HEAD}\n *\n * Index forms of the primitives: every array is a base pointer and an element index, which may be negative.\n"
            " * They form the addresses and call the primitive, test nothing themselves and return its result. A null base\n"
            " * with an index other than 0 is not seen as null, but for the arguments that the primitive allows to be null. */",
            "#ifndef NOX_INDEX_H", "#define NOX_INDEX_H", "", '#include "nox/types.h"', "", "NOX_BEGIN_DECLS", ""]
     for f in forms:
         out.append(f"/** @brief Index form of {f.primitive.name}(). */" if not f.primitive.internal
-                   else f"/** @brief {f.primitive.brief} */")
+                   else index_comment(f, documents[f.primitive.name]))
         out.append(f"NOX_API({f.result}) {f.name}({decl.parameter_list(f.parameters)});")
     return "\n".join(out + ["", "NOX_END_DECLS", "", "#endif"]) + "\n"
 
@@ -105,6 +116,28 @@ def index_forms(forms):
         out.append(f"{f.result} {f.name}({decl.parameter_list(f.parameters)}) {{\n"
                    f"  return {callee}({', '.join(args)});\n}}")
     return "\n".join(out) + "\n"
+
+
+def array_bodies(functions, headers):
+    out = [f"// {HEAD}", "// Declares the body of every function of the array layer in this build of it.",
+           "#pragma once", '#include "core/frame.hpp"', '#include "core/variant.hpp"'] + [f'#include "{h}"' for h in headers] + ["", 'extern "C" {']
+    out += [f"NOX_HIDDEN decltype({f.name}) NOX_BODY({f.name});" for f in functions]
+    return "\n".join(out + ["}"]) + "\n"
+
+
+def array_entries(functions, headers):
+    """The exports of the array layer: each goes on in the build that the features in force allow."""
+    out = [f"// {HEAD}", "// Entries of the array layer.", '#include "core/frame.hpp"']
+    out += [f'#include "{h}"' for h in headers] + ["", 'extern "C" {']
+    for f in functions:
+        if f.name in decl.ONE_WITH:
+            out += [f'decltype({f.name}) {f.name} __attribute__((alias("{decl.ONE_WITH[f.name]}")));']
+            continue
+        parameters, arguments = decl.parameter_list(f.parameters), ", ".join(p.name for p in f.parameters)
+        out += [f"NOX_HIDDEN decltype({f.name}) array_{f.name}, arrayavx_{f.name};",
+                f"{f.result} {f.name}({parameters}) {{",
+                f"  return nox::has_avx() ? arrayavx_{f.name}({arguments}) : array_{f.name}({arguments});\n}}"]
+    return "\n".join(out + ["}"]) + "\n"
 
 
 def exports(names):
@@ -151,8 +184,12 @@ def main():
     write(options.out / "dispatch.S", dispatch(primitives))
     write(options.out / "bodies.hpp", bodies(primitives, by_hand))
     write(options.out / "plain.hpp", plain(primitives, by_hand))
-    write(options.out / "include/nox/index.h", index_header(forms))
+    write(options.out / "include/nox/index.h", index_header(forms, decl.documentation(functions)))
     write(options.out / "index_forms.cpp", index_forms(forms))
+    layer = [f for f in functions if f.in_array_builds]
+    layer_headers = sorted({f.header for f in layer})
+    write(options.out / "array_bodies.hpp", array_bodies([f for f in layer if f.name not in decl.ONE_WITH], layer_headers))
+    write(options.out / "array_entries.cpp", array_entries(layer, layer_headers))
     write(options.out / "exports.map", exports(sorted([f.name for f in public] + [f.name for f in forms])))
     write(options.out / "status_rows.inc", status_rows((options.headers / "nox/status.h").read_text()))
     write(options.out / "declarations.inc",

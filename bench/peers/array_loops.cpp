@@ -290,8 +290,8 @@ PEER_OUT_OF_LINE real least_loop(real* __restrict block, const real* __restrict 
   return least;
 }
 void falling_neighbours(const Operands* o) {
-  real worst = 0;
-  if (worst > least_loop(out<real>(o), in<real>(o->a), 0.0, o->len)) __builtin_trap();
+  const real least = least_loop(out<real>(o), in<real>(o->a), 0.0, o->len);
+  asm volatile("" : : "x"(least));  // the bare loop leaves any values in the block, so nothing is known of it
 }
 
 const NamedLoop kLoops[] = {

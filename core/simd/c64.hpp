@@ -120,6 +120,7 @@ NOX_INLINE SplitLanes operator*(SplitLanes a, SplitLanes b) {
   return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re};
 }
 NOX_INLINE SplitLanes operator+(SplitLanes a, SplitLanes b) { return {a.re + b.re, a.im + b.im}; }
+NOX_INLINE SplitLanes operator-(SplitLanes a, SplitLanes b) { return {a.re - b.re, a.im - b.im}; }
 
 struct split_c64 {
   using elem = Nox64fc;

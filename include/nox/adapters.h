@@ -164,7 +164,7 @@ NOX_API(NoxStatus) noxsFIRMR_64fc_I_Idx(Nox64fc pSrcDst[], int srcDstIdx, int le
 NOX_API(void) noxsFIRMRFree_Idx(NoxFilterHandle* pHandle);
 
 /**
- * @brief Filters one sample with a spec and delay lines of the caller's.
+ * @brief Filters one sample like noxsFIRSR_64f(), with a spec and delay lines of the caller's, which may be in place.
  * @param val         the sample
  * @param pDstVal     takes the output
  * @param pSpec       spec of noxsFIRSRInit of the same type
@@ -198,7 +198,8 @@ NOX_API(NoxStatus) noxsIIROne_64f_Idx(Nox64f val, Nox64f* pDstVal, NoxIIRState* 
 NOX_API(NoxStatus) noxsIIROne_64fc_Idx(Nox64fc val, Nox64fc* pDstVal, NoxIIRState* pState);
 
 /**
- * @brief Two spectral values of one array: noxsGoertz_64f() at pFreqs[0] into pVal[0], at pFreqs[1] into pVal[1].
+ * @brief Two spectral values of one array, as by noxsGoertz_64f(): at pFreqs[0] into pVal[0], at pFreqs[1] into
+ * pVal[1].
  * @param pSrc    base of the source
  * @param srcIdx  index of the first element
  * @param len     number of elements
@@ -257,6 +258,35 @@ NOX_API(NoxStatus) noxsDCTInv_64f_I_Idx(Nox64f pSrcDst[], int srcDstIdx, NoxDctH
  * @param pHandle  the handle, or null, which is ignored
  */
 NOX_API(void) noxsDCTFree_64f_Idx(NoxDctHandle* pHandle);
+
+/**
+ * @brief Fills an array like noxsRandGauss_64f(), from a stream started for this call alone.
+ * @param pDst    base of the destination
+ * @param dstIdx  index of its first element
+ * @param len     number of elements
+ * @param mean    mean of the values
+ * @param stdDev  their standard deviation
+ * @param pSeed   the seed, which is read and not changed: the same one gives the same values again
+ * @return ::noxStsNullPtrErr for a null pSeed or address, or where there is no memory for the record, then
+ *         ::noxStsSizeErr for @p len below 1; otherwise ::noxStsNoErr
+ */
+NOX_API(NoxStatus)
+noxsRandGauss_Direct_64f_Idx(Nox64f pDst[], int dstIdx, int len, Nox64f mean, Nox64f stdDev,
+                             const unsigned int* pSeed);
+
+/**
+ * @brief Fills an array like noxsRandUniform_64f(), from a stream started for this call alone.
+ * @param pDst    base of the destination
+ * @param dstIdx  index of its first element
+ * @param len     number of elements
+ * @param low     lower end of the range
+ * @param high    upper end of the range
+ * @param pSeed   the seed, which is read and not changed: the same one gives the same values again
+ * @return as noxsRandGauss_Direct_64f_Idx()
+ */
+NOX_API(NoxStatus)
+noxsRandUniform_Direct_64f_Idx(Nox64f pDst[], int dstIdx, int len, Nox64f low, Nox64f high,
+                               const unsigned int* pSeed);
 
 NOX_END_DECLS
 

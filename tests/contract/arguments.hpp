@@ -96,8 +96,8 @@ class Arguments {
         if (b != kPattern) return declaration_.parameters[i].name;
     return "";
   }
-  // Values of either sign, NaN among the real ones and no zero among the integers, which may be divisors. Indexes stay
-  // within the arrays.
+  // Values of either sign, the extremes among them, NaN among the real ones and no zero among the integers, which may
+  // be divisors. Indexes stay within the arrays.
   void fill(kit::Random& random) {
     for (size_t i = 0; i < memory_.size(); ++i) {
       const kit::Parameter& p = declaration_.parameters[i];
@@ -128,6 +128,9 @@ class Arguments {
       else
         do v = static_cast<T>(random.integer(low, high));
         while (v == 0 && low < 0);
+      if (i % 8 >= 6 && i % 5 != 4)
+        v = std::is_floating_point_v<T> ? static_cast<T>(i % 8 == 6 ? size : -size)
+                                        : static_cast<T>(i % 8 == 6 ? high : low);
       std::memcpy(memory.data() + at, &v, sizeof v);
     }
   }

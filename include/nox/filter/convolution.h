@@ -28,9 +28,10 @@ noxsConvolveGetBufferSize(int src1Len, int src2Len, int dataType, int algType, i
  *
  * ::NOX_ALG_AUTO takes the direct sum where the result is shorter than 512 elements or one array shorter than 64, and
  * transforms otherwise: block by block where one array is at least three times as long as the other. Exchanging
- * arrays of different lengths changes nothing. A direct sum of S products is off by at most S + 1 roundings of the sum of their magnitudes,
- * and a value that is infinite or not a number reaches only the outputs it has a part in; through a transform it
- * reaches all of the block, and errors are relative to the largest outputs. Builds differ in the last bits.
+ * arrays of different lengths changes nothing. A direct sum of S products is off by at most S + 1 roundings of the sum
+ * of their magnitudes, and a value that is infinite or not a number reaches only the outputs it has a part in; through
+ * a transform it reaches all of the block, and errors are relative to the largest outputs. Builds differ in the last
+ * bits.
  *
  * @param pSrc1    array of @p src1Len elements
  * @param src1Len  its length

@@ -42,6 +42,7 @@ noxsAutoCorrNormGetBufferSize(int srcLen, int dstLen, int dataType, int algType,
  * Lags from @p srcLen on are 0. ::NOX_NORM_A multiplies by 1/@p srcLen, which for real data is a single-precision
  * reciprocal; ::NOX_NORM_B divides the value at k by @p srcLen - k. The method of ::NOX_ALG_AUTO goes by the smaller of
  * the lengths: real data are transformed from 856 on (h9: 1200), complex data from 368 on (h9: 128).
+ * Builds differ by rounding.
  *
  * @param pSrc     array of @p srcLen elements
  * @param srcLen   its length
@@ -87,6 +88,7 @@ noxsCrossCorrNormGetBufferSize(int src1Len, int src2Len, int dstLen, int lowLag,
  * Lags without a term are 0. ::NOX_NORM_A multiplies by one over the shorter length; ::NOX_NORM_B divides each value by
  * the number of its terms. ::NOX_ALG_AUTO transforms where the number of lags that have terms, times the shorter length
  * by the longer one, reaches 512: block by block where one array is at least three times as long as the other.
+ * Builds differ by rounding.
  *
  * @param pSrc1    array of @p src1Len elements
  * @param src1Len  its length

@@ -50,7 +50,7 @@ NOX_API(NoxStatus)
 noxsDCTInvInit_64f(NoxDctSpec** ppSpec, int len, int hint, Nox8u* pSpecMem, Nox8u* pInitMem);
 
 /**
- * @brief Transforms an array, forward or inverse by the function's name.
+ * @brief Transforms an array, forward or inverse by the function's name. Builds differ by rounding.
  *
  * Lengths 1, 2, 4 and 8 run in straight lines, longer powers of two by a real Fourier transform, other lengths below
  * 46 by the direct sum and those above by a chirp transform. A NaN or infinity may spread over all results. Any

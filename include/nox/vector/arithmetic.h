@@ -12,7 +12,7 @@
 NOX_BEGIN_DECLS
 
 /**
- * @brief Element-wise sum: `pDst[i] = pSrc1[i] + pSrc2[i]`.
+ * @brief Element-wise sum: `pDst[i] = pSrc1[i] + pSrc2[i]`. Equal in all builds.
  * @param pSrc1  array of @p len elements
  * @param pSrc2  array of @p len elements
  * @param pDst   array of @p len elements; may be one of the sources
@@ -78,7 +78,7 @@ NOX_API(NoxStatus) noxsSub_64f_I(const Nox64f pSrc[], Nox64f pSrcDst[], int len)
 NOX_API(NoxStatus) noxsSub_64fc_I(const Nox64fc pSrc[], Nox64fc pSrcDst[], int len);
 
 /**
- * @brief Element-wise product: `pDst[i] = pSrc1[i] * pSrc2[i]`.
+ * @brief Element-wise product: `pDst[i] = pSrc1[i] * pSrc2[i]`. Equal in all builds.
  * @param pSrc1  array of @p len elements
  * @param pSrc2  array of @p len elements
  * @param pDst   array of @p len elements; may be one of the sources
@@ -91,7 +91,7 @@ NOX_API(NoxStatus) noxsMul_64f(const Nox64f pSrc1[], const Nox64f pSrc2[], Nox64
 /**
  * @brief Element-wise product: `pDst[i] = pSrc1[i] * pSrc2[i]`.
  *
- * With a + ib and c + id the result is (ac - bd) + i(ad + bc), each product rounded, in all builds the same bits.
+ * With a + ib and c + id the result is (ac - bd) + i(ad + bc), each product rounded. Equal in all builds.
  * @param pSrc1  array of @p len elements
  * @param pSrc2  array of @p len elements
  * @param pDst   array of @p len elements; may be one of the sources
@@ -173,7 +173,7 @@ NOX_API(NoxStatus) noxsDiv_64f_I(const Nox64f pSrc[], Nox64f pSrcDst[], int len)
 NOX_API(NoxStatus) noxsDiv_64fc_I(const Nox64fc pSrc[], Nox64fc pSrcDst[], int len);
 
 /**
- * @brief Adds a constant: `pDst[i] = pSrc[i] + val`.
+ * @brief Adds a constant: `pDst[i] = pSrc[i] + val`. Equal in all builds.
  * @param pSrc  array of @p len elements
  * @param val   the constant
  * @param pDst  array of @p len elements; may be the source
@@ -198,7 +198,7 @@ NOX_API(NoxStatus) noxsAddC_64f_I(Nox64f val, Nox64f pSrcDst[], int len);
 NOX_API(NoxStatus) noxsAddC_64fc_I(Nox64fc val, Nox64fc pSrcDst[], int len);
 
 /**
- * @brief Subtracts a constant: `pDst[i] = pSrc[i] - val`.
+ * @brief Subtracts a constant: `pDst[i] = pSrc[i] - val`. Equal in all builds.
  * @param pSrc  array of @p len elements
  * @param val   the constant
  * @param pDst  array of @p len elements; may be the source
@@ -223,7 +223,7 @@ NOX_API(NoxStatus) noxsSubC_64f_I(Nox64f val, Nox64f pSrcDst[], int len);
 NOX_API(NoxStatus) noxsSubC_64fc_I(Nox64fc val, Nox64fc pSrcDst[], int len);
 
 /**
- * @brief Subtracts from a constant: `pDst[i] = val - pSrc[i]`.
+ * @brief Subtracts from a constant: `pDst[i] = val - pSrc[i]`. Equal in all builds.
  * @param pSrc  array of @p len elements
  * @param val   the constant
  * @param pDst  array of @p len elements; may be the source
@@ -248,7 +248,7 @@ NOX_API(NoxStatus) noxsSubCRev_64f_I(Nox64f val, Nox64f pSrcDst[], int len);
 NOX_API(NoxStatus) noxsSubCRev_64fc_I(Nox64fc val, Nox64fc pSrcDst[], int len);
 
 /**
- * @brief Multiplies by a constant: `pDst[i] = pSrc[i] * val`.
+ * @brief Multiplies by a constant: `pDst[i] = pSrc[i] * val`. Equal in all builds.
  * @param pSrc  array of @p len elements
  * @param val   the constant
  * @param pDst  array of @p len elements; may be the source
@@ -261,7 +261,7 @@ NOX_API(NoxStatus) noxsMulC_64f(const Nox64f pSrc[], Nox64f val, Nox64f pDst[], 
 /**
  * @brief Multiplies by a constant: `pDst[i] = pSrc[i] * val`.
  *
- * With a + ib and val = c + id the result is (ac - bd) + i(ad + bc), each product rounded, in all builds the same bits.
+ * With a + ib and val = c + id the result is (ac - bd) + i(ad + bc), each product rounded. Equal in all builds.
  * @param pSrc  array of @p len elements
  * @param val   the constant
  * @param pDst  array of @p len elements; may be the source
@@ -339,7 +339,8 @@ NOX_API(NoxStatus) noxsDivC_64f_I(Nox64f val, Nox64f pSrcDst[], int len);
 NOX_API(NoxStatus) noxsDivC_64fc_I(Nox64fc val, Nox64fc pSrcDst[], int len);
 
 /**
- * @brief Adds a product: `pSrcDst[i] = pSrcDst[i] + pSrc1[i] * pSrc2[i]`; the product is rounded, then the sum.
+ * @brief Adds a product: `pSrcDst[i] = pSrcDst[i] + pSrc1[i] * pSrc2[i]`; the product is rounded, then the sum. Equal
+ * in all builds.
  * @param pSrc1    array of @p len elements
  * @param pSrc2    array of @p len elements
  * @param pSrcDst  array of @p len elements, overwritten by the result; may be one of the sources
@@ -352,7 +353,7 @@ NOX_API(NoxStatus) noxsAddProduct_64f(const Nox64f pSrc1[], const Nox64f pSrc2[]
 NOX_API(NoxStatus) noxsAddProduct_64fc(const Nox64fc pSrc1[], const Nox64fc pSrc2[], Nox64fc pSrcDst[], int len);
 
 /**
- * @brief Square of each element.
+ * @brief Square of each element. Equal in all builds.
  * @param pSrc  array of @p len elements
  * @param pDst  array of @p len elements; may be the source
  * @param len   number of elements
@@ -373,7 +374,7 @@ NOX_API(NoxStatus) noxsSqr_64f_I(Nox64f pSrcDst[], int len);
 /**
  * @brief Square of each element.
  *
- * With a + ib the result is (a*a - b*b) + i(2ab), each product rounded, in all builds the same bits.
+ * With a + ib the result is (a*a - b*b) + i(2ab), each product rounded. Equal in all builds.
  * @param pSrc  array of @p len elements
  * @param pDst  array of @p len elements; may be the source
  * @param len   number of elements
@@ -392,7 +393,7 @@ NOX_API(NoxStatus) noxsSqr_64fc(const Nox64fc pSrc[], Nox64fc pDst[], int len);
 NOX_API(NoxStatus) noxsSqr_64fc_I(Nox64fc pSrcDst[], int len);
 
 /**
- * @brief Square root of each element.
+ * @brief Square root of each element. Equal in all builds.
  *
  * A negative element gives NaN and the warning; -0.0 gives -0.0 and a NaN gives NaN, both without one.
  * @param pSrc  array of @p len elements

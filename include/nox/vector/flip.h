@@ -7,7 +7,7 @@
 NOX_BEGIN_DECLS
 
 /**
- * @brief Reverses an array: `pDst[i] = pSrc[len - 1 - i]` for i < len. All builds give the same bytes.
+ * @brief Reverses an array: `pDst[i] = pSrc[len - 1 - i]` for i < len. Equal in all builds.
  *
  * Equal pointers are allowed: the call then is the in-place form, whose checks apply. Arrays that overlap in any
  * other way are not.
@@ -28,7 +28,7 @@ NOX_API(NoxStatus) noxsFlip_64f(const Nox64f pSrc[], Nox64f pDst[], int len);
 NOX_API(NoxStatus) noxsFlip_64fc(const Nox64fc pSrc[], Nox64fc pDst[], int len);
 
 /**
- * @brief Reverses an array in place. All builds give the same bytes.
+ * @brief Reverses an array in place. Equal in all builds.
  * @param pSrcDst  array of @p len elements, at any alignment
  * @param len      number of elements
  * @return ::noxStsNullPtrErr for a null pointer, then ::noxStsSizeErr for @p len below 1; otherwise ::noxStsNoErr
@@ -44,7 +44,8 @@ NOX_API(NoxStatus) noxsFlip_64f_I(Nox64f pSrcDst[], int len);
 NOX_API(NoxStatus) noxsFlip_64fc_I(Nox64fc pSrcDst[], int len);
 
 /**
- * @brief Conjugates: `re` is kept and `im` negated by its sign bit, so a zero and a NaN change their sign too.
+ * @brief Conjugates: `re` is kept and `im` negated by its sign bit, so a zero and a NaN change their sign too. Equal in
+ * all builds.
  * @param pSrc  array of @p len elements; may be @p pDst
  * @param pDst  array of @p len elements
  * @param len   number of elements
@@ -61,7 +62,7 @@ NOX_API(NoxStatus) noxsConj_64fc(const Nox64fc pSrc[], Nox64fc pDst[], int len);
 NOX_API(NoxStatus) noxsConj_64fc_I(Nox64fc pSrcDst[], int len);
 
 /**
- * @brief Reverses and conjugates: `pDst[i]` is the conjugate of `pSrc[len - 1 - i]`.
+ * @brief Reverses and conjugates: `pDst[i]` is the conjugate of `pSrc[len - 1 - i]`. Equal in all builds.
  * @param pSrc  array of @p len elements; must not overlap @p pDst
  * @param pDst  array of @p len elements
  * @param len   number of elements

@@ -1,6 +1,6 @@
 /* Fill, copy and move: primitives that look at no value, so every bit of a NaN survives.
  *
- * All builds give the same bytes. Element forms differ in element size alone and share one kernel per operation. */
+ * Element forms differ in element size alone and share one kernel per operation. */
 #ifndef NOX_VECTOR_MOVE_H
 #define NOX_VECTOR_MOVE_H
 
@@ -9,7 +9,7 @@
 NOX_BEGIN_DECLS
 
 /**
- * @brief Sets every element: `pDst[i] = val` for i < len.
+ * @brief Sets every element: `pDst[i] = val` for i < len. Equal in all builds.
  * @param val   the value; a complex one is a record passed by value
  * @param pDst  array of @p len elements, at any alignment
  * @param len   number of elements
@@ -28,7 +28,7 @@ NOX_API(NoxStatus) noxsSet_64f(Nox64f val, Nox64f pDst[], int len);
 NOX_API(NoxStatus) noxsSet_64fc(Nox64fc val, Nox64fc pDst[], int len);
 
 /**
- * @brief Clears all bytes of an array; a zero of Nox64f is +0.0.
+ * @brief Clears all bytes of an array; a zero of Nox64f is +0.0. Equal in all builds.
  * @param pDst  array of @p len elements, at any alignment
  * @param len   number of elements
  * @return ::noxStsNullPtrErr for a null pointer, then ::noxStsSizeErr for @p len below 1; otherwise ::noxStsNoErr
@@ -46,7 +46,7 @@ NOX_API(NoxStatus) noxsZero_64f(Nox64f pDst[], int len);
 NOX_API(NoxStatus) noxsZero_64fc(Nox64fc pDst[], int len);
 
 /**
- * @brief Copies an array: `pDst[i] = pSrc[i]` for i < len.
+ * @brief Copies an array: `pDst[i] = pSrc[i]` for i < len. Equal in all builds.
  *
  * The arrays must not overlap; noxsMove_8u() and its siblings allow it. From 32768 bytes on the g9 and h9 builds
  * choose their method by the distance of the two arrays and by the cache size, with the same result.
@@ -79,7 +79,7 @@ NOX_API(NoxStatus) noxsCopy_64sc(const Nox64sc pSrc[], Nox64sc pDst[], int len);
 NOX_API(NoxStatus) noxsCopy_64fc(const Nox64fc pSrc[], Nox64fc pDst[], int len);
 
 /**
- * @brief Copies an array that may overlap its destination, as if through a scratch buffer.
+ * @brief Copies an array that may be in place or overlap, as if through a scratch buffer. Equal in all builds.
  * @param pSrc  array of @p len elements, at any alignment
  * @param pDst  array of @p len elements, at any alignment and any distance from @p pSrc, zero included
  * @param len   number of elements
@@ -108,7 +108,7 @@ NOX_API(NoxStatus) noxsMove_64sc(const Nox64sc pSrc[], Nox64sc pDst[], int len);
 NOX_API(NoxStatus) noxsMove_64fc(const Nox64fc pSrc[], Nox64fc pDst[], int len);
 
 /**
- * @brief Copies @p len bits; bit k of a byte is the one under the mask 0x80 >> k.
+ * @brief Copies @p len bits; bit k of a byte is the one under the mask 0x80 >> k. Equal in all builds.
  *
  * The other bits of the first and the last destination byte keep their values. The ranges must not overlap.
  *
@@ -123,7 +123,8 @@ NOX_API(NoxStatus) noxsMove_64fc(const Nox64fc pSrc[], Nox64fc pDst[], int len);
 NOX_API(NoxStatus) noxsCopyLE_1u(const Nox8u pSrc[], int srcBitOffset, Nox8u pDst[], int dstBitOffset, int len);
 
 /**
- * @brief Copies @p len bits like noxsCopyLE_1u(), but bit k of a byte is the one under the mask 1 << k.
+ * @brief Copies @p len bits like noxsCopyLE_1u(), but bit k of a byte is the one under the mask 1 << k. Equal in all
+ * builds.
  * @param pSrc          bytes of the source; @p srcBitOffset counts from the first bit of the first of them
  * @param srcBitOffset  first source bit, taken modulo 8: the byte pointer isn't moved by the part cut off
  * @param pDst          bytes of the destination
