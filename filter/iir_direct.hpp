@@ -1,8 +1,9 @@
 // The direct form on one chunk: a transposed direct form II of any order.
 //
-// A long chunk is split into a numerator pass, which is a plain FIR, and a recursion that yields four or eight outputs
-// at a time by look-ahead; around them the delay line is used up by the first outputs and made anew from the last
-// samples and outputs, in the meaning it has for the per-sample step. A short chunk goes through that step alone.
+// A long chunk is split into a numerator pass, which is a plain FIR, and a recursion that yields several outputs at a
+// time by look-ahead. The first outputs, which use up the delay line, come from the same two kernels with zeros in front,
+// and the delay line is made anew from the last samples and outputs with zeros behind them, in the meaning it has for
+// the per-sample step. A short chunk goes through that step alone.
 #pragma once
 #include "filter/elements.hpp"
 #include "filter/iir.hpp"
@@ -13,7 +14,7 @@ inline namespace NOX_VARIANT {
 // The recursion over `count` outputs at y, behind at least `order` earlier ones: the newest run of outputs is taken
 // from a register, older ones from memory, where they have long arrived.
 template <class K, int Runs, int Near, bool Far>
-__attribute__((noinline)) void iir_recursion(typename K::elem* y, const typename K::elem* w, size_t count,
+__attribute__((noinline)) void iir_recursion(typename K::elem* y, const typename K::elem* w, int count,
                                              const typename K::elem* rows, int order) {
   using E = typename K::elem;
   using One = typename K::one;

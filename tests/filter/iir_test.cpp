@@ -184,7 +184,7 @@ TEST_P(Iir, AgreesWithTheDefinition) {
       // The per-sample step, the shortest chunks by look-ahead with every remainder, and more than a chunk.
       std::vector<size_t> lengths{1, 2, 4 * n, 140};
       if (n < 10 && n % 4 == 1) lengths.insert(lengths.end(), {1024, 1025, 1024 + 4 * n + 1});
-      for (size_t more = 1; more <= (kit::quick() ? 2 : 9); ++more) lengths.push_back(4 * n + more);
+      for (size_t more = 1; more <= (kit::quick() ? 2u : 9u); ++more) lengths.push_back(4 * n + more);
       for (const size_t len : lengths) {
         ++place;
         Filter<T> filter(form, n, random, place);

@@ -101,7 +101,7 @@ noxsIIRInit_BiQuad_64fc(NoxIIRState** ppState, const Nox64fc pTaps[], int numBq,
  * @brief Filters the next block of a stream by a direct form or a cascade, whichever the state is of.
  *
  * Samples are taken in chunks of at most 1024. A chunk of more than four times the order (or the number of sections)
- * is filtered by look-ahead, four or eight outputs at a time; a shorter one sample by sample. Both leave the same delay
+ * is filtered by look-ahead, two to eight outputs at a time; a shorter one sample by sample. Both leave the same delay
  * line and differ in rounding alone, so a stream cut into blocks at any places gives the outputs of one call up to
  * rounding, as do the builds: an error of a few units of 2^-53 of the terms of each sum, carried on as the filter
  * carries on an input of that size. A NaN or an infinity doesn't reach the outputs before it. Overflow isn't reported:
