@@ -1,9 +1,9 @@
 // The direct form on one chunk: a transposed direct form II of any order.
 //
 // A long chunk is split into a numerator pass, which is a plain FIR, and a recursion that yields several outputs at a
-// time by look-ahead. The first outputs, which use up the delay line, come from the same two kernels with zeros in front,
-// and the delay line is made anew from the last samples and outputs with zeros behind them, in the meaning it has for
-// the per-sample step. A short chunk goes through that step alone.
+// time by look-ahead. The first outputs, which use up the delay line, come from the same two kernels with zeros in
+// front, and the delay line is made anew from the last samples and outputs with zeros behind them, in the meaning it
+// has for the per-sample step. A short chunk goes through that step alone.
 #pragma once
 #include "filter/elements.hpp"
 #include "filter/iir.hpp"
