@@ -187,6 +187,18 @@ noxsFIROne_64fc_Idx(Nox64fc val, Nox64fc* pDstVal, const NoxFirSpec* pSpec, NOX_
                     int bufIdx);
 
 /**
+ * @brief Filters one sample of a stream; the state's delay line moves on.
+ * @param val      the sample
+ * @param pDstVal  takes the output
+ * @param pState   state of an Init function of the same type
+ * @return ::noxStsNullPtrErr for a null pointer, then ::noxStsContextMatchErr for what is no state of this type;
+ *         otherwise ::noxStsNoErr
+ */
+NOX_API(NoxStatus) noxsIIROne_64f_Idx(Nox64f val, Nox64f* pDstVal, NoxIIRState* pState);
+/** @copydoc noxsIIROne_64f_Idx */
+NOX_API(NoxStatus) noxsIIROne_64fc_Idx(Nox64fc val, Nox64fc* pDstVal, NoxIIRState* pState);
+
+/**
  * @brief Two spectral values of one array, as by noxsGoertz_64f(): at pFreqs[0] into pVal[0], at pFreqs[1] into
  * pVal[1].
  * @param pSrc    base of the source

@@ -88,6 +88,9 @@ typedef struct NoxFirSpec NoxFirSpec;
 /** Spec record of the multi-rate FIR filter; threads may share it but for calls in place, which stage outputs in it. */
 typedef struct NoxFirMrSpec NoxFirMrSpec;
 
+/** State of a recursive filter, with its delay line: it belongs to one stream. */
+typedef struct NoxIIRState NoxIIRState;
+
 /** Spec record of a cosine transform; read-only after its Init, so it may be shared by threads. */
 typedef struct NoxDctSpec NoxDctSpec;
 
