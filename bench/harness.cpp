@@ -271,8 +271,7 @@ void Harness::run_at(const Family& family, const Row& row, int len, const Place&
   else
     o.c[0] = 1 + 1e-9;
 
-  const size_t stretches =
-      row.traits & kRestores ? stretches_of(static_cast<size_t>(len * primitive.source.size)) : 0;
+  const size_t stretches = row.traits & kRestores ? stretches_of(static_cast<size_t>(len * primitive.source.size)) : 0;
   Group group{family.name, row.shown, place.name, shape_of(row), len, element_of(row), row.flop, {}};
   refill(row, o);
   add(group, {"nox", nullptr, primitive.call, o, nullptr, stretches});

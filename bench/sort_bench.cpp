@@ -20,7 +20,7 @@ Family make() {
   return {"sort",
           "Sorting",
           {SORT(Nox64f, noxsSortAscend_64f_I), SORT(Nox32s, noxsSortDescend_32s_I), SORT(Nox16s, noxsSortAscend_16s_I),
-           SORT(Nox8u, noxsSortAscend_8u_I).lengths({128, 256, 1000, 1000000}),
+           SORT(Nox8u, noxsSortAscend_8u_I).lengths({128, 200, 256, 400, 512, 700, 1000, 1000000}),
            SORT(Nox8u, noxsSortDescend_8u_I).lengths({128}), SORT_WITH_PLACES(Nox64f, noxsSortIndexAscend_64f_I),
            SORT_WITH_PLACES(Nox32s, noxsSortIndexDescend_32s_I).lengths({1000, 100000}),
            SORT_WITH_PLACES(Nox16s, noxsSortIndexAscend_16s_I).lengths({1000, 100000})}};

@@ -11,9 +11,11 @@ Row integers(Row row) { return row.data(kWhole, kWhole, kWhole).n(1000, "level")
 
 template <class T, NoxStatus (*Run)(const T*, T*, int, T, T, T, T), int Low, int High>
 Row outside(const char* name) {
-  return row<T>(name, [](const Operands* o) {
-           return Run(first<T>(o), destination<T>(o), o->len, T(Low), T(-9), T(High), T(9));
-         }).data(kWhole);
+  return row<T>(name,
+                [](const Operands* o) {
+                  return Run(first<T>(o), destination<T>(o), o->len, T(Low), T(-9), T(High), T(9));
+                })
+      .data(kWhole);
 }
 
 Family make() {

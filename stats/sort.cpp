@@ -8,7 +8,7 @@ namespace nox {
 inline namespace NOX_VARIANT {
 namespace {
 
-constexpr int kCountingFrom = 128;                  // bytes
+constexpr int kCountingFrom = 128;                 // bytes
 constexpr size_t kTableMost = 16 * bytes::kLanes;  // up to which a network of vectors sorts them
 
 template <class Order, class T>

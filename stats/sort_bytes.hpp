@@ -16,12 +16,10 @@ constexpr int kLanes = V::N;
 
 #if NOX_LEVEL >= 1
 // Orders of lanes: 0 and 1 exchange those 1 and 2 apart, 2 to 5 are the opposite one within groups of 2, 4, 8, 16.
-alignas(16) constexpr Nox8u kOrders[][16] = {{1, 0, 3, 2, 5, 4, 7, 6, 9, 8, 11, 10, 13, 12, 15, 14},
-                                             {2, 3, 0, 1, 6, 7, 4, 5, 10, 11, 8, 9, 14, 15, 12, 13},
-                                             {1, 0, 3, 2, 5, 4, 7, 6, 9, 8, 11, 10, 13, 12, 15, 14},
-                                             {3, 2, 1, 0, 7, 6, 5, 4, 11, 10, 9, 8, 15, 14, 13, 12},
-                                             {7, 6, 5, 4, 3, 2, 1, 0, 15, 14, 13, 12, 11, 10, 9, 8},
-                                             {15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0}};
+alignas(16) constexpr Nox8u kOrders[][16] = {
+    {1, 0, 3, 2, 5, 4, 7, 6, 9, 8, 11, 10, 13, 12, 15, 14}, {2, 3, 0, 1, 6, 7, 4, 5, 10, 11, 8, 9, 14, 15, 12, 13},
+    {1, 0, 3, 2, 5, 4, 7, 6, 9, 8, 11, 10, 13, 12, 15, 14}, {3, 2, 1, 0, 7, 6, 5, 4, 11, 10, 9, 8, 15, 14, 13, 12},
+    {7, 6, 5, 4, 3, 2, 1, 0, 15, 14, 13, 12, 11, 10, 9, 8}, {15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0}};
 NOX_INLINE __m128i order_of(int which) { return _mm_load_si128(reinterpret_cast<const __m128i*>(kOrders[which])); }
 NOX_INLINE V128<Nox8u> reorder(V128<Nox8u> a, int which) { return {_mm_shuffle_epi8(a.v, order_of(which))}; }
 #endif

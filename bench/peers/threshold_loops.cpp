@@ -104,8 +104,7 @@ void rescale(const Operands* o) {
 }
 PEER_OUT_OF_LINE void replace_loop(const complex* __restrict a, complex* __restrict d, int len, real level,
                                    complex value) {
-  for (int i = 0; i < len; ++i)
-    d[i] = a[i].re * a[i].re + a[i].im * a[i].im < level * level ? value : a[i];
+  for (int i = 0; i < len; ++i) d[i] = a[i].re * a[i].re + a[i].im * a[i].im < level * level ? value : a[i];
 }
 void replace(const Operands* o) {
   replace_loop(in<complex>(o->a), out<complex>(o), o->len, o->c[0], {o->c[0], o->c[1]});
