@@ -11,6 +11,11 @@ template <class T, auto Run>
 NoxStatus every(const Operands* o) {
   return Run(first<T>(o), 0, second<T>(o), 0, destination<T>(o), 0, o->len);
 }
+template <class T, auto Run>
+NoxStatus every_in_place(const Operands* o) {
+  return Run(first<T>(o), 0, destination<T>(o), 0, o->len);
+}
+#define EVERY_IN_PLACE(type, name) row<type>(#name, every_in_place<type, name##_Idx>).data(kWhole)
 #define EVERY(type, name) row<type>(#name, every<type, name##_Idx>, 0, 2).data(kWhole)
 
 Family make() {
@@ -32,6 +37,8 @@ Family make() {
               EVERY(Nox32s, noxsMaxEvery_32s),
               EVERY(Nox16s, noxsMinEvery_16s),
               EVERY(Nox8u, noxsMinEvery_8u),
+              EVERY_IN_PLACE(Nox32s, noxsMaxEvery_32s_I),
+              EVERY_IN_PLACE(Nox16s, noxsMinEvery_16s_I),
           }};
 }
 

@@ -97,15 +97,16 @@ NOX_INLINE F64x1 largest_in_four_lanes(int len, const Nox64f* s, const S*... mor
 struct NanWatch {
   F64x4 seen = F64x4::zero();
 #if NOX_LEVEL >= 4
-  NOX_INLINE void see(F64x4 a) {
-    seen = {_mm256_castsi256_pd(_mm256_max_epi32(_mm256_castpd_si256(seen.v), _mm256_castpd_si256(a.v)))};
+  static NOX_INLINE F64x4 either(F64x4 a, F64x4 b) {
+    return {_mm256_castsi256_pd(_mm256_max_epi32(_mm256_castpd_si256(a.v), _mm256_castpd_si256(b.v)))};
   }
+  NOX_INLINE void see(F64x4 a, F64x4 b) { seen = either(seen, either(a, b)); }
   NOX_INLINE bool any() const {
     const __m256i finite = _mm256_set1_epi32(0x7FEFFFFF);
     return _mm256_movemask_pd(_mm256_castsi256_pd(_mm256_cmpgt_epi32(_mm256_castpd_si256(seen.v), finite))) != 0;
   }
 #else
-  NOX_INLINE void see(F64x4 a) { seen = seen | is_nan(a); }
+  NOX_INLINE void see(F64x4 a, F64x4 b) { seen = seen | F64x4{_mm256_cmp_pd(a.v, b.v, _CMP_UNORD_Q)}; }
   NOX_INLINE bool any() const { return mask_bits(seen) != 0; }
 #endif
 };
@@ -121,26 +122,28 @@ NOX_INLINE F64x1 largest(int len, const S*... s) {
   const size_t n = static_cast<size_t>(len);
   if (n < N) return largest_in_four_lanes(len, s...);
   F64x4 most[2] = {F64x4::zero(), F64x4::zero()};
-  NanWatch nan[2];
-  const auto take = [&](size_t k, const S*... at) {
-    const F64x4 a = magnitude_at(k * N, at...);
-    most[k % 2] = max(most[k % 2], a);
-    nan[k % 2].see(a);
+  NanWatch nan;
+  // In pairs, whose maximum doesn't wait for the accumulator.
+  const auto take = [&](int to, F64x4 a, F64x4 b) {
+    most[to] = max(most[to], max(a, b));
+    nan.see(a, b);
   };
   const auto sweep = [&](const S*... at) {
     size_t left = n;
     for (; left >= 4 * N; left -= 4 * N) {
-      take(0, at...), take(1, at...), take(2, at...), take(3, at...);
+      take(0, magnitude_at(0, at...), magnitude_at(N, at...));
+      take(1, magnitude_at(2 * N, at...), magnitude_at(3 * N, at...));
       advance(4 * N * sizeof(Nox64f), at...);
     }
     for (; left >= N; left -= N) {
-      take(0, at...);
+      take(0, magnitude_at(0, at...), F64x4::zero());
       advance(N * sizeof(Nox64f), at...);
     }
   };
   sweep(s...);
-  if (n % N != 0) take(0, (s + n - N)...);  // overlaps what has been seen: a maximum doesn't mind
-  if (nan[0].any() || nan[1].any()) return largest_in_four_lanes(len, s...);
+  // The last vector may overlap what has been seen: a maximum doesn't mind.
+  if (n % N != 0) take(0, magnitude_at(n - N, s...), F64x4::zero());
+  if (nan.any()) return largest_in_four_lanes(len, s...);
   const F64x2 two = halves(Larger{}, max(most[0], most[1]));
   return max(low(two), upper(two));
 }

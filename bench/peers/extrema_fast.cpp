@@ -77,6 +77,8 @@ const NamedLoop kLoops[] = {
     {"noxsMaxEvery_32s", Shape<int, Larger>::zip},
     {"noxsMinEvery_16s", Shape<short, Smaller>::zip},
     {"noxsMinEvery_8u", Shape<unsigned char, Smaller>::zip},
+    {"noxsMaxEvery_32s_I", Shape<int, Larger>::zip_in_place},
+    {"noxsMinEvery_16s_I", Shape<short, Smaller>::zip_in_place},
 };
 
 }  // namespace NOX_PEER_SPACE
