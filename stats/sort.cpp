@@ -1,4 +1,4 @@
-// Sorting: bytes by counting from 128 on, everything else by quicksort.
+// Sorting: bytes from 128 on by a network of vectors while they are few and by counting beyond, all else by quicksort.
 #include "stats/sort.hpp"
 
 #include "core/body.hpp"
