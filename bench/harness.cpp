@@ -97,17 +97,23 @@ std::vector<Family (*)()>& list() {
   return families;
 }
 
-// One run of a participant. Restored destinations come from 16 stretches of the source in turn, so that no branch
-// predictor learns the data.
+// Restored destinations come from stretches of the source in turn: 16, and of short arrays as many as 128 KiB hold, or
+// a branch predictor would learn the data.
+size_t stretches_of(size_t bytes) {
+  bytes = std::max<size_t>(bytes, 1);
+  return std::max<size_t>(1, std::min<size_t>(std::max<size_t>(16, kBytesL2 / bytes), kLargest / bytes));
+}
+
+// One run of a participant.
 inline void run_once(const Participant& p, unsigned& turn) {
-  if (!p.restored) {
+  if (p.stretches == 0) {
     p.call ? static_cast<void>(p.call(&p.operands)) : p.loop(&p.operands);
     return;
   }
   const Operands& o = p.operands;
   const size_t bytes = static_cast<size_t>(o.n[3]);
-  const size_t stretches = std::max<size_t>(1, std::min<size_t>(16, kLargest / std::max<size_t>(bytes, 1)));
-  memcpy(o.d, static_cast<const char*>(o.a) + turn++ % stretches * bytes, bytes);
+  memcpy(o.d, static_cast<const char*>(o.a) + turn * bytes, bytes);
+  if (++turn == p.stretches) turn = 0;
   p.call ? static_cast<void>(p.call(&o)) : p.loop(&o);
 }
 
@@ -193,7 +199,7 @@ void Harness::refill(const Row& row, const Operands& o) {
     return !in_place(row) ? kPlain : e.complex ? kUnitCircle : kNearOne;
   };
   const Data a = standard(row.source, source), b = standard(row.second, source);
-  const size_t stretches = row.traits & kRestores ? std::min<size_t>(16, kLargest / std::max<size_t>(read, 1)) : 1;
+  const size_t stretches = row.traits & kRestores ? stretches_of(read) : 1;
   // Filters read in front of the source; there the pattern of doubles stands that whole pages begin with.
   if (a != kSorted && a != kShuffled)
     fill(static_cast<char*>(const_cast<void*>(o.a)) - kFront / 2, kFront / 2, source, a);
@@ -265,14 +271,14 @@ void Harness::run_at(const Family& family, const Row& row, int len, const Place&
   else
     o.c[0] = 1 + 1e-9;
 
-  const bool restored = row.traits & kRestores;
+  const size_t stretches = row.traits & kRestores ? stretches_of(static_cast<size_t>(len * primitive.source.size)) : 0;
   Group group{family.name, row.shown, place.name, shape_of(row), len, element_of(row), row.flop, {}};
   refill(row, o);
-  add(group, {"nox", nullptr, primitive.call, o, nullptr, restored});
+  add(group, {"nox", nullptr, primitive.call, o, nullptr, stretches});
   const Participant& ours = group.participants[0];
   NoxStatus st = prepare(row, ours);
   unsigned turn = 0;
-  if (restored) run_once(ours, turn);
+  if (stretches > 0) run_once(ours, turn);
   if (!st) st = primitive.call(&ours.operands);
   if (st < 0) {
     note(group.name + " skipped: status " + std::to_string(st));
@@ -281,13 +287,13 @@ void Harness::run_at(const Family& family, const Row& row, int len, const Place&
   const bool aligned = strcmp(place.name, "aligned") == 0;
   for (const PeerSet* set : peers_) {
     if (const NamedLoop* loop = find(*set, row.name))
-      add(group, {set->who, loop->run, nullptr, o, loop->prepare, restored});
+      add(group, {set->who, loop->run, nullptr, o, loop->prepare, stretches});
     if (strncmp(set->who, "limit", 5) != 0) continue;
     if (strcmp(set->who, "limit-nt") == 0 && (bytes < kBytesPastCaches || !aligned)) continue;
     if (const NamedLoop* loop = find(*set, group.shape)) {
       Operands limit = o;
       limit.len = static_cast<int>(row.flop > 0 ? row.flop * len / 1000 : traffic_of(row, len) / 8);
-      add(group, {set->who, loop->run, nullptr, limit, nullptr, false});
+      add(group, {set->who, loop->run, nullptr, limit, nullptr, 0});
     }
   }
   if (bytes <= kBytesToCheck && !agree(row, group)) {
@@ -330,7 +336,7 @@ void Harness::measure(const Group& group) {
   for (const Participant& p : group.participants) {
     auto* registered = benchmark::RegisterBenchmark(p.who.c_str(), [&p](benchmark::State& state) {
       unsigned turn = 0;
-      if (p.restored)
+      if (p.stretches > 0)
         for (auto _ : state) run_once(p, turn);
       else if (p.call)
         for (auto _ : state) p.call(&p.operands);

@@ -15,7 +15,7 @@ struct Participant {
   NoxStatus (*call)(const Operands*) = nullptr;  // or the library
   Operands operands{};
   Loop prepare = nullptr;  // of a peer
-  bool restored = false;   // every run starts with a copy of the source to the destination
+  size_t stretches = 0;    // of the source, one of which every run starts with a copy of, if there are any
 };
 
 struct Group {

@@ -31,15 +31,15 @@ NOX_INLINE NoxStatus find_with_place(const T* s, int len, View view, F f, T* val
 template <class T>
 NOX_INLINE NoxStatus find_both(const T* s, int len, T* least, T* most) {
   if (const NoxStatus st = check(len, s, least, most)) return st;
-  const T low = extreme(s, len, AsIs{}, Smaller{}), high = extreme(s, len, AsIs{}, Larger{});
-  *least = low;
-  *most = high;
+  const Extremes<T> both = extremes(s, len);
+  *least = both.least;
+  *most = both.most;
   return noxStsNoErr;
 }
 template <class T>
 NOX_INLINE NoxStatus find_both_with_places(const T* s, int len, T* least, int* least_at, T* most, int* most_at) {
   if (const NoxStatus st = check(len, s, least, least_at, most, most_at)) return st;
-  const T low = extreme(s, len, AsIs{}, Smaller{}), high = extreme(s, len, AsIs{}, Larger{});
+  const auto [low, high] = extremes(s, len);
   const int low_at = first_place(s, len, AsIs{}, low), high_at = first_place(s, len, AsIs{}, high);
   *least = low;
   *least_at = low_at;

@@ -85,6 +85,41 @@ NOX_INLINE T extreme(const T* s, int len, View view, F f) {
   return fold_lanes(f, f(f(a, b), f(c, d)));
 }
 
+// Both extremes in one pass.
+template <class T>
+struct Extremes {
+  T least, most;
+};
+template <class T>
+NOX_INLINE Extremes<T> extremes(const T* s, int len) {
+  using V = typename ints<T>::vec;
+  const size_t n = static_cast<size_t>(len);
+  if (n < size_t(V::N)) return {extreme(s, len, Keep{}, Smaller{}), extreme(s, len, Keep{}, Larger{})};
+  V least[2], most[2];
+  least[0] = most[0] = V::load(s);
+  least[1] = most[1] = V::load(s + n - V::N);
+  const auto take = [&](const T* p, int k) {
+    const V x = V::load(p);
+    least[k] = min(least[k], x);
+    most[k] = max(most[k], x);
+  };
+  size_t left = n;
+  for (; left >= size_t(4 * V::N); left -= 4 * V::N) {
+    take(s, 0), take(s + V::N, 1), take(s + 2 * V::N, 0), take(s + 3 * V::N, 1);
+    advance(4 * V::N * sizeof(T), s);
+  }
+  for (; left >= size_t(V::N); left -= V::N) {
+    take(s, 0);
+    advance(V::N * sizeof(T), s);
+  }
+  return {fold_lanes(Smaller{}, min(least[0], least[1])), fold_lanes(Larger{}, max(most[0], most[1]))};
+}
+// The largest magnitude is that of an extreme.
+NOX_INLINE Nox32s extreme(const Nox32s* s, int len, Magnitude magnitude, Larger) {
+  const Extremes<Nox32s> both = extremes(s, len);
+  return max(magnitude(IntOne<Nox32s>{both.least}), magnitude(IntOne<Nox32s>{both.most})).v;
+}
+
 // The first place whose view is a value that is there.
 template <class T, class View>
 NOX_INLINE int first_place(const T* s, int len, View view, T value) {

@@ -92,11 +92,28 @@ NOX_INLINE F64x1 largest_in_four_lanes(int len, const Nox64f* s, const S*... mor
   return norm<pairs, F64x2, 2>(larger_magnitude, Larger{}, peel, len, s, more...);
 }
 #if NOX_LEVEL >= 3
-NOX_INLINE F64x4 any_nan(F64x4 a, F64x4 b) { return {_mm256_cmp_pd(a.v, b.v, _CMP_UNORD_Q)}; }
-// x and y - z alike.
-NOX_INLINE F64x4 value_at(size_t i, const Nox64f* s) { return F64x4::load(s + i); }
-NOX_INLINE F64x4 value_at(size_t i, const Nox64f* s, const Nox64f* t) {
-  return F64x4::load(s + i) - F64x4::load(t + i);
+// Remembers whether a NaN was among magnitudes. With integers of eight lanes it keeps the largest high words, which
+// takes an infinity for a NaN too.
+struct NanWatch {
+  F64x4 seen = F64x4::zero();
+#if NOX_LEVEL >= 4
+  static NOX_INLINE F64x4 either(F64x4 a, F64x4 b) {
+    return {_mm256_castsi256_pd(_mm256_max_epi32(_mm256_castpd_si256(a.v), _mm256_castpd_si256(b.v)))};
+  }
+  NOX_INLINE void see(F64x4 a, F64x4 b) { seen = either(seen, either(a, b)); }
+  NOX_INLINE bool any() const {
+    const __m256i finite = _mm256_set1_epi32(0x7FEFFFFF);
+    return _mm256_movemask_pd(_mm256_castsi256_pd(_mm256_cmpgt_epi32(_mm256_castpd_si256(seen.v), finite))) != 0;
+  }
+#else
+  NOX_INLINE void see(F64x4 a, F64x4 b) { seen = seen | F64x4{_mm256_cmp_pd(a.v, b.v, _CMP_UNORD_Q)}; }
+  NOX_INLINE bool any() const { return mask_bits(seen) != 0; }
+#endif
+};
+
+NOX_INLINE F64x4 magnitude_at(size_t i, const Nox64f* s) { return abs(F64x4::load(s + i)); }
+NOX_INLINE F64x4 magnitude_at(size_t i, const Nox64f* s, const Nox64f* t) {
+  return abs(F64x4::load(s + i) - F64x4::load(t + i));
 }
 
 template <class... S>
@@ -104,26 +121,30 @@ NOX_INLINE F64x1 largest(int len, const S*... s) {
   constexpr size_t N = F64x4::N;
   const size_t n = static_cast<size_t>(len);
   if (n < N) return largest_in_four_lanes(len, s...);
-  F64x4 most[4], nan = F64x4::zero();
-  for (F64x4& m : most) m = F64x4::zero();
-  size_t i = 0;
-  for (; n - i >= 4 * N; i += 4 * N) {
-#pragma GCC unroll 2
-    for (size_t k = 0; k < 4; k += 2) {
-      const F64x4 a = value_at(i + k * N, s...), b = value_at(i + (k + 1) * N, s...);
-      most[k] = max(most[k], abs(a)), most[k + 1] = max(most[k + 1], abs(b));
-      nan = nan | any_nan(a, b);
-    }
-  }
-  // The last vector may overlap what has been seen: a maximum doesn't mind.
-  const auto take = [&](size_t at) {
-    const F64x4 a = value_at(at, s...);
-    most[0] = max(most[0], abs(a)), nan = nan | is_nan(a);
+  F64x4 most[2] = {F64x4::zero(), F64x4::zero()};
+  NanWatch nan;
+  // In pairs, whose maximum doesn't wait for the accumulator.
+  const auto take = [&](int to, F64x4 a, F64x4 b) {
+    most[to] = max(most[to], max(a, b));
+    nan.see(a, b);
   };
-  for (; n - i >= N; i += N) take(i);
-  if (i < n) take(n - N);
-  if (mask_bits(nan) != 0) return largest_in_four_lanes(len, s...);
-  const F64x2 two = halves(Larger{}, max(max(most[0], most[1]), max(most[2], most[3])));
+  const auto sweep = [&](const S*... at) {
+    size_t left = n;
+    for (; left >= 4 * N; left -= 4 * N) {
+      take(0, magnitude_at(0, at...), magnitude_at(N, at...));
+      take(1, magnitude_at(2 * N, at...), magnitude_at(3 * N, at...));
+      advance(4 * N * sizeof(Nox64f), at...);
+    }
+    for (; left >= N; left -= N) {
+      take(0, magnitude_at(0, at...), F64x4::zero());
+      advance(N * sizeof(Nox64f), at...);
+    }
+  };
+  sweep(s...);
+  // The last vector may overlap what has been seen: a maximum doesn't mind.
+  if (n % N != 0) take(0, magnitude_at(n - N, s...), F64x4::zero());
+  if (nan.any()) return largest_in_four_lanes(len, s...);
+  const F64x2 two = halves(Larger{}, max(most[0], most[1]));
   return max(low(two), upper(two));
 }
 #else

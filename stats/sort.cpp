@@ -1,13 +1,15 @@
-// Sorting: bytes by counting from 128 on, everything else by quicksort.
+// Sorting: bytes from 128 on by a network of vectors while they are few and by counting beyond, all else by quicksort.
 #include "stats/sort.hpp"
 
 #include "core/body.hpp"
+#include "stats/sort_bytes.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
 namespace {
 
-constexpr int kCountingFrom = 128;  // bytes
+constexpr int kCountingFrom = 128;                 // bytes
+constexpr size_t kTableMost = 16 * bytes::kLanes;  // up to which a network of vectors sorts them
 
 template <class Order, class T>
 NOX_INLINE NoxStatus sort(T* d, int len) {
@@ -24,35 +26,16 @@ NOX_INLINE NoxStatus sort_with_places(T* d, Nox32s* places, int len) {
   return noxStsNoErr;
 }
 
-// Writes a run of n equal bytes at d, and perhaps 15 more of them where the array goes on up to `end`: what follows in
-// order is written over them later.
-NOX_INLINE Nox8u* write_run(Nox8u* d, const Nox8u* end, Nox8u value, size_t n) {
-  using V = IntLanes<Nox8u, 16>;
-  Nox8u* const after = d + n;
-  const V run = V::all(value);
-  if (end - after >= V::N) {
-    run.store(d);
-    for (; after - d > V::N; d += V::N) run.store(d + V::N);
-    return after;
-  }
-  for (; after - d >= V::N; d += V::N) run.store(d);
-  for (; d < after; ++d) {
-    *d = value;
-    in_order();  // or the compiler calls a function for it
-  }
-  return after;
-}
-
+// From kCountingFrom bytes on.
 template <class Order>
-NOX_INLINE NoxStatus sort_bytes(Nox8u* d, int len) {
-  if (len < kCountingFrom || !d) return sort<Order>(d, len);
+NOX_INLINE void count_bytes(Nox8u* d, size_t n) {
   // Two tables in turn: equal neighbours don't wait for each other's counter.
   unsigned counts[2][256];
-  using V = ints<Nox32u>::vec;
+  using V = IntLanes<Nox8u, 16>;
   for (auto& table : counts)
-    for (size_t i = 0; i < 256; i += V::N) V::zero().store(table + i);
-  const Nox8u* const end = d + len;
+    for (size_t i = 0; i < 256; i += ints<Nox32u>::vec::N) ints<Nox32u>::vec::zero().store(table + i);
   const Nox8u* s = d;
+  const Nox8u* const end = d + n;
   for (; end - s >= 4; s += 4) {
     const unsigned four = read(reinterpret_cast<const unsigned*>(s));
     ++counts[0][four & 255];
@@ -61,10 +44,47 @@ NOX_INLINE NoxStatus sort_bytes(Nox8u* d, int len) {
     ++counts[1][four >> 24];
   }
   for (; s < end; ++s) ++counts[0][*s];
-  for (unsigned i = 0; i < 256; ++i) {
-    const unsigned value = Order::before(0, 1) ? i : 255 - i;
-    d = write_run(d, end, static_cast<Nox8u>(value), counts[0][value] + counts[1][value]);
+
+  // A run is written in whole vectors: what follows in order is written over their ends. The last vector of the array
+  // takes shape beside it, with room for what would stand behind the end.
+  Nox8u beside[2 * V::N];
+  Nox8u* const last = d + n - V::N;
+  Nox8u* bound = last;
+  V run = V::all(Order::before(0, 1) ? 0 : 255);
+  const V next = V::all(Order::before(0, 1) ? 1 : 255);
+  for (int i = 0; i < 256; ++i, run = run + next) {
+    const int value = Order::before(0, 1) ? i : 255 - i;
+    size_t left = counts[0][value] + counts[1][value];
+    for (;;) {
+      if (__builtin_expect(d > bound, false)) {
+        if (bound != last) break;  // the array is full
+        V::load(last).store(beside);
+        d = beside + (d - last);
+        bound = beside + V::N - 1;
+      }
+      run.store(d);
+      if (__builtin_expect(left <= size_t(V::N), true)) break;
+      d += V::N;
+      left -= V::N;
+    }
+    d += left;
   }
+  if (bound != last) V::load(beside).store(last);
+}
+
+template <class Order>
+NOX_INLINE NoxStatus sort_bytes(Nox8u* d, int len) {
+  if (len < kCountingFrom || !d) return sort<Order>(d, len);
+  const size_t n = static_cast<size_t>(len);
+  const Nox8u flip = Order::before(0, 1) ? 0 : 255;
+  if (n <= 128)
+    bytes::sort_table<128>(d, n, flip);
+  else if (n <= 256)
+    bytes::sort_table<256>(d, n, flip);
+  else if (n <= kTableMost)
+    bytes::sort_table<kTableMost>(d, n, flip);
+  else
+    count_bytes<Order>(d, n);
   return noxStsNoErr;
 }
 

@@ -205,22 +205,22 @@ using namespace nox;
 extern "C" {
 
 NoxStatus NOX_BODY(noxsThreshold_64f)(const Nox64f* s, Nox64f* d, int len, Nox64f level, int relation) {
-  return limit(s, d, len, level, relation);
+  return limit(s, d, len, by_words(level), relation);
 }
 NoxStatus NOX_BODY(noxsThreshold_64f_I)(Nox64f* d, int len, Nox64f level, int relation) {
-  return limit_in_place(d, len, level, relation);
+  return limit_in_place(d, len, by_words(level), relation);
 }
 NoxStatus NOX_BODY(noxsThreshold_LT_64f)(const Nox64f* s, Nox64f* d, int len, Nox64f level) {
-  return limit(s, d, len, level, kLess);
+  return limit(s, d, len, by_words(level), kLess);
 }
 NoxStatus NOX_BODY(noxsThreshold_LT_64f_I)(Nox64f* d, int len, Nox64f level) {
-  return limit_in_place(d, len, level, kLess);
+  return limit_in_place(d, len, by_words(level), kLess);
 }
 NoxStatus NOX_BODY(noxsThreshold_GT_64f)(const Nox64f* s, Nox64f* d, int len, Nox64f level) {
-  return limit(s, d, len, level, kGreater);
+  return limit(s, d, len, by_words(level), kGreater);
 }
 NoxStatus NOX_BODY(noxsThreshold_GT_64f_I)(Nox64f* d, int len, Nox64f level) {
-  return limit_in_place(d, len, level, kGreater);
+  return limit_in_place(d, len, by_words(level), kGreater);
 }
 NoxStatus NOX_BODY(noxsThreshold_LT_16s)(const Nox16s* s, Nox16s* d, int len, Nox16s level) {
   return limit_ints(RaiseInts{}, s, d, len, level);
@@ -253,10 +253,10 @@ NoxStatus NOX_BODY(noxsThreshold_LTVal_16s_I)(Nox16s* d, int len, Nox16s level, 
   return apply<ints<Nox16s>>(ReplaceBelow<Nox16s>{level, value}, d, d, len);
 }
 NoxStatus NOX_BODY(noxsThreshold_LTVal_64f)(const Nox64f* s, Nox64f* d, int len, Nox64f level, Nox64f value) {
-  return apply<f64>(ReplaceBelow<Nox64f>{level, value}, s, d, len);
+  return apply<f64>(ReplaceBelow<Nox64f>{by_words(level), by_words(value)}, s, d, len);
 }
 NoxStatus NOX_BODY(noxsThreshold_LTVal_64f_I)(Nox64f* d, int len, Nox64f level, Nox64f value) {
-  return apply<f64>(ReplaceBelow<Nox64f>{level, value}, d, d, len);
+  return apply<f64>(ReplaceBelow<Nox64f>{by_words(level), by_words(value)}, d, d, len);
 }
 NoxStatus NOX_BODY(noxsThreshold_GTVal_16s)(const Nox16s* s, Nox16s* d, int len, Nox16s level, Nox16s value) {
   return apply<ints<Nox16s>>(ReplaceAbove<Nox16s>{level, value}, s, d, len);
@@ -265,10 +265,10 @@ NoxStatus NOX_BODY(noxsThreshold_GTVal_16s_I)(Nox16s* d, int len, Nox16s level, 
   return apply<ints<Nox16s>>(ReplaceAbove<Nox16s>{level, value}, d, d, len);
 }
 NoxStatus NOX_BODY(noxsThreshold_GTVal_64f)(const Nox64f* s, Nox64f* d, int len, Nox64f level, Nox64f value) {
-  return apply<f64>(ReplaceAbove<Nox64f>{level, value}, s, d, len);
+  return apply<f64>(ReplaceAbove<Nox64f>{by_words(level), by_words(value)}, s, d, len);
 }
 NoxStatus NOX_BODY(noxsThreshold_GTVal_64f_I)(Nox64f* d, int len, Nox64f level, Nox64f value) {
-  return apply<f64>(ReplaceAbove<Nox64f>{level, value}, d, d, len);
+  return apply<f64>(ReplaceAbove<Nox64f>{by_words(level), by_words(value)}, d, d, len);
 }
 NoxStatus NOX_BODY(noxsThreshold_LTValGTVal_16s)(const Nox16s* s, Nox16s* d, int len, Nox16s low, Nox16s value_low,
                                                  Nox16s high, Nox16s value_high) {
@@ -288,11 +288,11 @@ NoxStatus NOX_BODY(noxsThreshold_LTValGTVal_32s_I)(Nox32s* d, int len, Nox32s lo
 }
 NoxStatus NOX_BODY(noxsThreshold_LTValGTVal_64f)(const Nox64f* s, Nox64f* d, int len, Nox64f low, Nox64f value_low,
                                                  Nox64f high, Nox64f value_high) {
-  return replace_outside(s, d, len, low, value_low, high, value_high);
+  return replace_outside(s, d, len, by_words(low), by_words(value_low), by_words(high), by_words(value_high));
 }
 NoxStatus NOX_BODY(noxsThreshold_LTValGTVal_64f_I)(Nox64f* d, int len, Nox64f low, Nox64f value_low, Nox64f high,
                                                    Nox64f value_high) {
-  return replace_outside(d, d, len, low, value_low, high, value_high);
+  return replace_outside(d, d, len, by_words(low), by_words(value_low), by_words(high), by_words(value_high));
 }
 NoxStatus NOX_BODY(noxsThreshold_LTAbs_16s)(const Nox16s* s, Nox16s* d, int len, Nox16s level) {
   return by_magnitude(RaiseMagnitudeInts<Nox16s>{level}, s, d, len);
@@ -307,10 +307,10 @@ NoxStatus NOX_BODY(noxsThreshold_LTAbs_32s_I)(Nox32s* d, int len, Nox32s level) 
   return by_magnitude(RaiseMagnitudeInts<Nox32s>{level}, d, d, len);
 }
 NoxStatus NOX_BODY(noxsThreshold_LTAbs_64f)(const Nox64f* s, Nox64f* d, int len, Nox64f level) {
-  return by_magnitude(RaiseMagnitude{level}, s, d, len);
+  return by_magnitude(RaiseMagnitude{by_words(level)}, s, d, len);
 }
 NoxStatus NOX_BODY(noxsThreshold_LTAbs_64f_I)(Nox64f* d, int len, Nox64f level) {
-  return by_magnitude(RaiseMagnitude{level}, d, d, len);
+  return by_magnitude(RaiseMagnitude{by_words(level)}, d, d, len);
 }
 NoxStatus NOX_BODY(noxsThreshold_GTAbs_16s)(const Nox16s* s, Nox16s* d, int len, Nox16s level) {
   return by_magnitude(Clamp<Nox16s>{level}, s, d, len);
@@ -325,13 +325,13 @@ NoxStatus NOX_BODY(noxsThreshold_GTAbs_32s_I)(Nox32s* d, int len, Nox32s level) 
   return by_magnitude(Clamp<Nox32s>{level}, d, d, len);
 }
 NoxStatus NOX_BODY(noxsThreshold_GTAbs_64f)(const Nox64f* s, Nox64f* d, int len, Nox64f level) {
-  return by_magnitude(Clamp<Nox64f>{level}, s, d, len);
+  return by_magnitude(Clamp<Nox64f>{by_words(level)}, s, d, len);
 }
 NoxStatus NOX_BODY(noxsThreshold_GTAbs_64f_I)(Nox64f* d, int len, Nox64f level) {
-  return by_magnitude(Clamp<Nox64f>{level}, d, d, len);
+  return by_magnitude(Clamp<Nox64f>{by_words(level)}, d, d, len);
 }
 NoxStatus NOX_BODY(noxsReplaceNAN_64f_I)(Nox64f* d, int len, Nox64f value) {
-  return apply<f64>(ReplaceNan{value}, d, d, len);
+  return apply<f64>(ReplaceNan{by_words(value)}, d, d, len);
 }
 
 }  // extern "C"

@@ -63,6 +63,29 @@ struct Loops {
   static void conj_flip(const Operands* o) { d<A>(o) = a<A>(o).conjugate().reverse(); }
   static void copy(const Operands* o) { d<A>(o) = a<A>(o); }
 };
+
+// One result.
+template <class A>
+typename Eigen::NumTraits<typename A::Scalar>::Real& result(const Operands* o) {
+  return *static_cast<typename Eigen::NumTraits<typename A::Scalar>::Real*>(o->d);
+}
+template <class A>
+struct Reductions {
+  static void largest(const Operands* o) { result<A>(o) = a<A>(o).maxCoeff(); }
+  static void smallest(const Operands* o) { result<A>(o) = a<A>(o).minCoeff(); }
+  static void largest_size(const Operands* o) { result<A>(o) = a<A>(o).abs().maxCoeff(); }
+  static void norm_inf(const Operands* o) { result<A>(o) = std::sqrt(a<A>(o).abs2().maxCoeff()); }
+  static void norm_1(const Operands* o) { result<A>(o) = a<A>(o).abs().sum(); }
+  static void norm_roots(const Operands* o) { result<A>(o) = a<A>(o).abs2().sqrt().sum(); }
+  static void norm_2(const Operands* o) { result<A>(o) = std::sqrt(a<A>(o).abs2().sum()); }
+  static void difference_inf(const Operands* o) { result<A>(o) = std::sqrt((a<A>(o) - b<A>(o)).abs2().maxCoeff()); }
+  static void difference_size(const Operands* o) { result<A>(o) = (a<A>(o) - b<A>(o)).abs().maxCoeff(); }
+  static void difference_1(const Operands* o) { result<A>(o) = (a<A>(o) - b<A>(o)).abs().sum(); }
+  static void difference_roots(const Operands* o) { result<A>(o) = (a<A>(o) - b<A>(o)).abs2().sqrt().sum(); }
+  static void difference_2(const Operands* o) { result<A>(o) = std::sqrt((a<A>(o) - b<A>(o)).abs2().sum()); }
+};
+template <class T>
+using Integers = Eigen::Array<T, Eigen::Dynamic, 1>;
 using R = Loops<ArrayXd>;
 using C = Loops<ArrayXcd>;
 
@@ -124,6 +147,22 @@ const NamedLoop kLoops[] = {
     {"noxsConj_64fc", C::conj},
     {"noxsConj_64fc_I", C::conj_in_place},
     {"noxsConjFlip_64fc", C::conj_flip},
+    {"noxsMax_64f", Reductions<ArrayXd>::largest},
+    {"noxsMin_64f", Reductions<ArrayXd>::smallest},
+    {"noxsMax_32s", Reductions<Integers<int>>::largest},
+    {"noxsMin_16s", Reductions<Integers<short>>::smallest},
+    {"noxsNorm_Inf_64f", Reductions<ArrayXd>::largest_size},
+    {"noxsNorm_L1_64f", Reductions<ArrayXd>::norm_1},
+    {"noxsNorm_L2_64f", Reductions<ArrayXd>::norm_2},
+    {"noxsNorm_Inf_64fc64f", Reductions<ArrayXcd>::norm_inf},
+    {"noxsNorm_L1_64fc64f", Reductions<ArrayXcd>::norm_roots},
+    {"noxsNorm_L2_64fc64f", Reductions<ArrayXcd>::norm_2},
+    {"noxsNormDiff_Inf_64f", Reductions<ArrayXd>::difference_size},
+    {"noxsNormDiff_L1_64f", Reductions<ArrayXd>::difference_1},
+    {"noxsNormDiff_L2_64f", Reductions<ArrayXd>::difference_2},
+    {"noxsNormDiff_Inf_64fc64f", Reductions<ArrayXcd>::difference_inf},
+    {"noxsNormDiff_L1_64fc64f", Reductions<ArrayXcd>::difference_roots},
+    {"noxsNormDiff_L2_64fc64f", Reductions<ArrayXcd>::difference_2},
 };
 
 }  // namespace

@@ -1,11 +1,9 @@
 // Norms as plain loops, with and without fast math, which lets a compiler reorder the sums.
-#include <math.h>
-
 #include "bench/peers/shapes.hpp"
 
 namespace NOX_PEER_SPACE {
 
-real magnitude(real x) { return fabs(x); }
+real magnitude(real x) { return __builtin_fabs(x); }
 real square(real x) { return x * x; }
 real square(complex z) { return z.re * z.re + z.im * z.im; }
 real minus(real a, real b) { return a - b; }
@@ -31,10 +29,10 @@ complex minus(complex a, complex b) { return {a.re - b.re, a.im - b.im}; }
   }
 NORM(inf, real, 0, acc > magnitude(x) ? acc : magnitude(x), acc)
 NORM(l1, real, 0, acc + magnitude(x), acc)
-NORM(l2, real, 0, acc + square(x), sqrt(acc))
-NORM(inf_complex, complex, 0, square(x) > acc ? square(x) : acc, sqrt(acc))
-NORM(l1_complex, complex, 0, acc + sqrt(square(x)), acc)
-NORM(l2_complex, complex, 0, acc + square(x), sqrt(acc))
+NORM(l2, real, 0, acc + square(x), __builtin_sqrt(acc))
+NORM(inf_complex, complex, 0, square(x) > acc ? square(x) : acc, __builtin_sqrt(acc))
+NORM(l1_complex, complex, 0, acc + __builtin_sqrt(square(x)), acc)
+NORM(l2_complex, complex, 0, acc + square(x), __builtin_sqrt(acc))
 
 template <class T, real (*Run)(const T*, const T*, int)>
 void run(const Operands* o) {

@@ -105,6 +105,36 @@ TEST_P(Sort, OrdersAndKeepsTheElements) {
   check_type(k64f);
 }
 
+// Bytes are sorted in other ways from 128, past 256 and past 512 on, and what ends an array depends on its last runs.
+TEST_P(Sort, BytesOfEveryLength) {
+  kit::Random random;
+  const auto check = [](const std::vector<Nox8u>& x, const Place& place) {
+    std::vector<Nox8u> y = x;
+    std::sort(y.begin(), y.end());
+    Guarded<Nox8u> d(x, place.edge, place.dst);
+    for (const auto& sorts : {k8u.up, k8u.down}) {
+      d.fill(x);
+      ASSERT_EQ(noxStsNoErr, sorts.alone(d.data(), static_cast<int>(x.size())));
+      ASSERT_TRUE(kit::same_bits(d.data(), y.data(), y.size())) << y.size() << " bytes";
+      std::reverse(y.begin(), y.end());
+    }
+  };
+  size_t turn = 0;
+  for (size_t n = 120; n < 560; n += kit::quick() ? 11 : 1) {
+    std::vector<Nox8u> x(n);
+    random.fill(x);
+    check(x, kPlaces[++turn % std::size(kPlaces)]);
+    for (Nox8u& e : x) e = random.integer(0, static_cast<int>(n)) < static_cast<int>(turn % n) ? 0 : 255;
+    check(x, kPlaces[++turn % std::size(kPlaces)]);
+  }
+  for (size_t most = 0; most <= 40; ++most)
+    for (const size_t n : {600, 615}) {
+      std::vector<Nox8u> x(n);
+      for (size_t i = 0; i < n; ++i) x[i] = i < most ? 255 : i < 2 * most ? 0 : static_cast<Nox8u>(1 + i % 253);
+      check(x, kPlaces[++turn % std::size(kPlaces)]);
+    }
+}
+
 TEST_P(Sort, StaysInsideWhereNothingCompares) {
   kit::Random random;
   for (const size_t n : {9, 10, 300, 5000}) {
