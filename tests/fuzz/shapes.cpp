@@ -38,8 +38,9 @@ void slope(Call& c) {
 }
 // What becomes of a NaN and of the sign of a zero goes by the place; the rest is equal.
 void places_matter(Call& c) {
-  if (c.type(c.has("pSrc") ? "pSrc" : "pSrcDst") != Type::Nox64f) return;
+  if (c.declaration.parameters[0].type != Type::Nox64f && c.declaration.parameters[0].type != Type::Nox64fc) return;
   c.tame = c.run.random.chance(0.8);
+  if (c.has("level")) c.set("level", c.run.random.uniform(-1, 1));
   if (c.wild && !c.tame) c.compared = c.status_compared = false;
 }
 void haar(Call& c) {
@@ -325,7 +326,7 @@ constexpr Row kShapes[] = {
     {"noxsTone|noxsVectorJaehne", wave},
     {"noxsRandUniform_Direct|noxsRandGauss_Direct", seeded},
     {"noxsWin", window},
-    {"noxsMin_|noxsMax_|noxsMinMax|noxsMinIndx|noxsMaxIndx|noxsThreshold_LT_64f|noxsThreshold_GT_64f|noxsThreshold_64f",
+    {"noxsNorm_Inf|noxsNormDiff_Inf|noxsMin_|noxsMax_|noxsMinMax|noxsMinIndx|noxsMaxIndx|noxsThreshold_LT_64f|noxsThreshold_GT_64f|noxsThreshold_64f",
      places_matter},
     {"noxsSort|noxsConjFlip|noxsFlip|Reverse|FindI|FindA|CumSum", unaliased},
     {"", plain},
