@@ -12,6 +12,8 @@ namespace nox {
 inline namespace NOX_VARIANT {
 
 // The low lane of a vector as a single lane, and a vector with another low lane.
+NOX_INLINE F64x1 low(F64x1 a) { return a; }
+NOX_INLINE F64x1 with_low(F64x1, F64x1 b) { return b; }
 NOX_INLINE F64x1 low(F64x2 a) { return {a.v}; }
 NOX_INLINE F64x2 with_low(F64x2 a, F64x1 b) { return {_mm_move_sd(a.v, b.v)}; }
 #if NOX_LEVEL >= 3
@@ -39,32 +41,47 @@ NOX_INLINE size_t peel_to_boundary(const typename V::elem* p, size_t n) {
   return elements_to_boundary<V>(p, n);
 }
 
+// Low lanes of complex vectors: their first value.
+NOX_INLINE C64x1 low(C64x1 a) { return a; }
+NOX_INLINE C64x1 with_low(C64x1, C64x1 b) { return b; }
+#if NOX_LEVEL >= 3
+NOX_INLINE C64x1 low(C64x2 a) { return {_mm256_castpd256_pd128(a.v)}; }
+NOX_INLINE C64x2 with_low(C64x2 a, C64x1 b) { return {_mm256_blend_pd(a.v, _mm256_castpd128_pd256(b.v), 3)}; }
+#endif
+
+// The parts of a reduction, for orders that `reduce` doesn't have. They move the pointers on.
+//
+// Takes `count` single elements into the low lane of acc.
+template <class K, class Acc, class Step, class... S>
+NOX_INLINE void take_singles(Acc& acc, size_t count, Step&& step, const S*&... s) {
+  for (; count > 0; --count) {
+    acc = with_low(acc, step(low(acc), K::one::load(s)...));
+    (advance(sizeof(S), s), ...);
+  }
+}
+// Takes what groups of Used vectors are in n elements, vector k of each into acc[k]; returns how many elements are left.
+template <class K, int Used, class Acc, class Step, class... S>
+NOX_INLINE size_t take_vectors(Acc* acc, size_t n, Step&& step, const S*&... s) {
+  using V = typename K::vec;
+  for (; n >= size_t(Used) * V::N; n -= size_t(Used) * V::N) {
+    // Written out whatever the compiler thinks of it: accumulators that a loop selects stay in memory.
+#pragma GCC unroll 8
+    for (size_t k = 0; k < Used; ++k) acc[k] = step(acc[k], V::load(s + k * V::N)...);
+    (advance(Used * V::N * sizeof(S), s), ...);
+  }
+  return n;
+}
+
 enum class FoldAt { BeforeRest, BehindRest };
 
 // `acc` holds Count accumulators, given with what they start from; returns accumulator 0 with all folded into it.
 template <class K, int Count, FoldAt Place, class Acc, class Step, class Fold, class... S>
 NOX_INLINE Acc reduce(Acc (&acc)[Count], size_t n, size_t peel, Step&& step, Fold&& fold, const S*... s) {
-  using V = typename K::vec;
-  using One = typename K::one;
-  constexpr size_t kVectors = V::N * sizeof(typename K::elem);
-  static_assert(kVectors > 0);
-  const auto single = [&] {
-    acc[0] = with_low(acc[0], step(low(acc[0]), One::load(s)...));
-    advance(sizeof(typename K::elem), s...);
-  };
-  n -= peel;
-  for (; peel > 0; --peel) single();
-  for (; n >= size_t(Count) * V::N; n -= size_t(Count) * V::N) {
-#pragma GCC unroll 8
-    for (size_t k = 0; k < Count; ++k) acc[k] = step(acc[k], V::load(s + k * V::N)...);
-    advance(Count * kVectors, s...);
-  }
+  take_singles<K>(acc[0], peel, step, s...);
+  n = take_vectors<K, Count>(acc, n - peel, step, s...);
   if constexpr (Place == FoldAt::BeforeRest) acc[0] = fold(acc);
-  for (; n >= size_t(V::N); n -= V::N) {
-    acc[0] = step(acc[0], V::load(s)...);
-    advance(kVectors, s...);
-  }
-  for (; n > 0; --n) single();
+  n = take_vectors<K, 1>(acc, n, step, s...);
+  take_singles<K>(acc[0], n, step, s...);
   return Place == FoldAt::BeforeRest ? acc[0] : fold(acc);
 }
 

@@ -4,6 +4,7 @@
 // as a vector of real parts and a vector of imaginary ones. Products with twiddles then need no shuffles.
 #pragma once
 #include "core/drivers.hpp"
+#include "core/simd/joined.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
@@ -17,10 +18,6 @@ NOX_INLINE V load_at_boundary(const Nox64f* p) {
     return V::load(p);
 }
 
-template <class V>
-struct Split {
-  V re, im;
-};
 template <class V>
 NOX_INLINE Split<V> operator+(Split<V> a, Split<V> b) {
   return {a.re + b.re, a.im + b.im};
@@ -104,22 +101,6 @@ template <class V>
 NOX_INLINE Split<V> load_split(const Nox64f* p) {
   return {V::load(p), V::load(p + V::N)};
 }
-// V::N elements at p, real and imaginary parts side by side.
-template <class V>
-NOX_INLINE Split<V> load_joined(const Nox64f* p) {
-  if constexpr (V::N == 2) {
-    const V a = V::load(p), b = V::load(p + 2);
-    return {low_halves(a, b), high_halves(a, b)};
-  } else {
-#if NOX_LEVEL >= 3
-    const auto pair = [p](int i, int k) {
-      return V{_mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(p + 2 * i)), _mm_loadu_pd(p + 2 * k), 1)};
-    };
-    const V even = pair(0, 2), odd = pair(1, 3);
-    return {low_halves(even, odd), high_halves(even, odd)};
-#endif
-  }
-}
 // Twiddles of V::N neighbouring butterflies. A table groups what belongs to two of them, `Group` doubles in all, so
 // four lanes are filled from two groups.
 constexpr int kTwiddleGroup = 12, kHalvedGroup = 8;
@@ -133,20 +114,7 @@ NOX_INLINE V load_twiddles(const Nox64f* p) {
 #endif
   }
 }
-template <class V>
-NOX_INLINE void store_joined(Nox64f* p, Split<V> a) {
-  const V low = low_halves(a.re, a.im), high = high_halves(a.re, a.im);
-  if constexpr (V::N == 2) {
-    low.store(p);
-    high.store(p + 2);
-  } else {
-#if NOX_LEVEL >= 3
-    _mm256_storeu_pd(p, _mm256_permute2f128_pd(low.v, high.v, 0x20));
-    _mm256_storeu_pd(p + 4, _mm256_permute2f128_pd(low.v, high.v, 0x31));
-#endif
-  }
-}
-// The same of V::N elements from p downwards.
+// V::N elements from p downwards.
 template <class V>
 NOX_INLINE Split<V> load_joined_down(const Nox64f* p) {
   if constexpr (V::N == 2) {

@@ -5,6 +5,7 @@
 #include "nox/stats/extrema.h"
 #include "nox/stats/norm.h"
 #include "nox/stats/sort.h"
+#include "nox/stats/sum.h"
 #include "nox/stats/threshold.h"
 
 #endif
