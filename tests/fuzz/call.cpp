@@ -110,7 +110,7 @@ std::vector<Nox32s> Call::places(int n, int below) {
 void Call::fill(size_t i) {
   Argument& a = arguments_[i];
   kit::Random random(run.random.bits());
-  const int style = wild ? static_cast<int>(run.random.integer(0, 2)) : run.random.chance(0.3) && declaration.equal;
+  const int style = wild ? static_cast<int>(run.random.integer(0, 2)) : run.random.chance(0.3) && equal;
   if (a.content.empty() && a.elements > 0)
     a.content = elements(random, declaration.parameters[i].type, static_cast<size_t>(a.elements), style);
   for (size_t at = 0; tame && at + 8 <= a.content.size(); at += 8) {

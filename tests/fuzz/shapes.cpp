@@ -41,7 +41,12 @@ void places_matter(Call& c) {
   if (c.declaration.parameters[0].type != Type::Nox64f && c.declaration.parameters[0].type != Type::Nox64fc) return;
   c.tame = c.run.random.chance(0.8);
   if (c.has("level")) c.set("level", c.run.random.uniform(-1, 1));
-  if (c.wild && !c.tame) c.compared = c.status_compared = false;
+  if (!c.tame) c.compared = c.status_compared = false;
+}
+// Two functions in one, each with checks of its own: one may run although the other refuses.
+void two_in_one(Call& c) {
+  c.may_write = true;
+  c.may_alias = false;
 }
 void haar(Call& c) {
   const int n = c.get("len");
@@ -328,6 +333,7 @@ constexpr Row kShapes[] = {
     {"noxsWin", window},
     {"noxsNorm_Inf|noxsNormDiff_Inf|noxsMin_|noxsMax_|noxsMinMax|noxsMinIndx|noxsMaxIndx|noxsThreshold_LT_64f|noxsThreshold_GT_64f|noxsThreshold_64f",
      places_matter},
+    {"noxsCartToPolar", two_in_one},
     {"noxsSort|noxsConjFlip|noxsFlip|Reverse|FindI|FindA|CumSum", unaliased},
     {"", plain},
 };
