@@ -130,7 +130,8 @@ TEST_P(SharedSpecs, CosineTransforms) {
       std::vector<Nox8u> work(work_bytes + 1);
       for (int turn = 0; turn < 50; ++turn) {
         std::vector<Nox64f> dst(static_cast<size_t>(n));
-        EXPECT_EQ(noxStsNoErr, noxsDCTFwd_64f(sources[static_cast<size_t>(t)].data(), dst.data(), dct.spec(), work.data()));
+        EXPECT_EQ(noxStsNoErr,
+                  noxsDCTFwd_64f(sources[static_cast<size_t>(t)].data(), dst.data(), dct.spec(), work.data()));
         EXPECT_TRUE(kit::same_bits(dst.data(), alone[static_cast<size_t>(t)].data(), n));
       }
     });

@@ -287,9 +287,12 @@ void Call::finish() {
     if (std::string(declaration.parameters[i].name) == "pBuffer") continue;  // for work
     const bool given = compared && (!overlapping_ || movable);
     run.note_array(declaration.name + " " + declaration.parameters[i].name, declaration.parameters[i].type, a.data,
-                   a.content.size(), !given ? kUncompared : equal ? kBits : tolerance);
+                   a.content.size(),
+                   !given  ? kUncompared
+                   : equal ? kBits
+                           : tolerance);
   }
-  if (!spoilt_ && !overlapping_ && status == 0 && equal && is_elementwise(declaration)) check_pieces();
+  if (!spoilt_ && !overlapping_ && compared && status == 0 && equal && is_elementwise(declaration)) check_pieces();
 }
 
 namespace {

@@ -28,9 +28,9 @@ class Call {
 
   Run& run;
   const Declaration& declaration;
-  bool wild;               // infinities, NaN and the like among the elements
-  bool equal;              // in all builds
-  bool compared = true;    // results are the same in all builds
+  bool wild;             // infinities, NaN and the like among the elements
+  bool equal;            // in all builds
+  bool compared = true;  // results are the same in all builds
   bool status_compared = true;
   bool tame = false;       // no NaN and no negative zero, though wild
   bool may_write = false;  // although it returns an error
@@ -91,6 +91,8 @@ class Call {
 
 // The shape of the function's family, applied to the call.
 void shape(Call& call);
+// Whether the name begins with one of the beginnings, which bars divide.
+bool begins(const std::string& name, const std::string& beginnings);
 // An element's result depends on the same element of the sources alone, and all arrays have the length's elements.
 bool is_elementwise(const Declaration& d);
 // Why the function isn't called by itself; null if it is.

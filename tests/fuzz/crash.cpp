@@ -1,7 +1,7 @@
 // What is told of a call that doesn't return: a fault of the processor, or a minute gone by.
+#include <unistd.h>
 #include <csignal>
 #include <cstring>
-#include <unistd.h>
 
 #include "fuzz/run.hpp"
 
@@ -40,7 +40,7 @@ void install_signal_handlers() {
   alternative.ss_sp = stack;
   alternative.ss_size = sizeof stack;
   sigaltstack(&alternative, nullptr);
-  struct sigaction action{};
+  struct sigaction action {};
   action.sa_handler = handler;
   action.sa_flags = SA_ONSTACK;
   for (const int s : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGALRM}) sigaction(s, &action, nullptr);

@@ -90,7 +90,8 @@ void resampler(Run& run) {
             down_phase = static_cast<int>(run.random.integer(0, down - 1));
   const T* const h = run.array<T>("taps", taps);
   int spec_size = 0, work_size = 0;
-  if (run.call("GetSize", noxsFIRMRGetSize, taps, up, down, Of<T>::kCode, &spec_size, &work_size) != noxStsNoErr) return;
+  if (run.call("GetSize", noxsFIRMRGetSize, taps, up, down, Of<T>::kCode, &spec_size, &work_size) != noxStsNoErr)
+    return;
   NoxFirMrSpec* const spec = reinterpret_cast<NoxFirMrSpec*>(run.room("spec", spec_size));
   if (run.call("Init", Of<T>::mr_init, h, taps, up, up_phase, down, down_phase, spec) != noxStsNoErr) return;
   uint8_t* const work = run.room("work", work_size);
@@ -111,7 +112,8 @@ void resampler(Run& run) {
 template <class T>
 void resampler_by_handle(Run& run) {
   const int taps = run.length(1, 100), up = 1 + run.length(0) % 5, down = 1 + run.length(0) % 5;
-  const int up_phase = static_cast<int>(run.random.integer(0, up)), down_phase = static_cast<int>(run.random.integer(0, down - 1));
+  const int up_phase = static_cast<int>(run.random.integer(0, up)),
+            down_phase = static_cast<int>(run.random.integer(0, down - 1));
   const T* const h = run.array<T>("taps", taps);
   NoxFilterHandle* handle = nullptr;
   const int status = run.call("InitAlloc", Of<T>::mr_make, h + 3, -3, taps, up, up_phase, down, down_phase, &handle);

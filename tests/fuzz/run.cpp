@@ -151,7 +151,8 @@ std::string compare_entries(const Entry& a, const Entry& b) {
 
 std::string difference(const Run& a, const Run& b) {
   std::string out;
-  for (size_t i = 0; i < std::min(a.log.size(), b.log.size()) && out.empty(); ++i) out = compare_entries(a.log[i], b.log[i]);
+  for (size_t i = 0; i < std::min(a.log.size(), b.log.size()) && out.empty(); ++i)
+    out = compare_entries(a.log[i], b.log[i]);
   if (out.empty() && a.log.size() != b.log.size()) out = "the scenario went different ways";
   return out.empty() ? "" : std::string(a.variant.tag) + " against " + b.variant.tag + ": " + out;
 }

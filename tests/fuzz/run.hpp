@@ -27,7 +27,7 @@ struct Origin {
   bool verbose = false;
 };
 
-constexpr double kBits = 0;       // tolerance: equal values, every NaN being equal to every other
+constexpr double kBits = 0;  // tolerance: equal values, every NaN being equal to every other
 constexpr double kUncompared = -1;
 
 struct Entry {

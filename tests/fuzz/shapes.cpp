@@ -25,7 +25,12 @@ void bits(Call& c) {
   c.extent("pDst", (to + n + 7) / 8);
   c.may_alias = false;
 }
-void three_bytes(Call& c) { c.all_extents(int64_t{3} * c.get("len")); }
+// Elements of 24 bits are three bytes each.
+void three_bytes(Call& c) {
+  for (const kit::Parameter& p : c.declaration.parameters)
+    if (p.kind == Kind::Array && p.type == Type::Nox8u) c.extent(p.name, int64_t{3} * c.get("len"));
+  c.may_alias = c.has("pSrc") && c.has("pDst") && c.type("pSrc") == c.type("pDst");
+}
 void slope(Call& c) {
   // Of integers: no NaN. Of reals: rounding goes by the address.
   if (c.type("pDst") == Type::Nox64f || c.type("pDst") == Type::Nox32f) {
@@ -73,7 +78,8 @@ int method(Call& c, bool normalised) {
   return codes == (codes & 3) ? codes | norm : codes;
 }
 void convolution(Call& c) {
-  const int one = c.run.length(1), two = c.run.random.chance(0.5) ? c.run.length(1, 60) : c.run.length(1), alg = method(c, false);
+  const int one = c.run.length(1), two = c.run.random.chance(0.5) ? c.run.length(1, 60) : c.run.length(1),
+            alg = method(c, false);
   int size = 0;
   noxsConvolveGetBufferSize(one, two, NOX_TYPE_64F, alg, &size);
   c.set("src1Len", one), c.set("src2Len", two), c.set("algType", alg);
@@ -94,7 +100,8 @@ void autocorrelation(Call& c) {
 void cross_correlation(Call& c) {
   const int one = c.run.length(1), two = c.run.random.chance(0.5) ? c.run.length(1, 60) : c.run.length(1),
             lags = c.run.length(1), alg = method(c, true);
-  const int low = c.run.random.chance(0.9) ? static_cast<int>(c.run.random.integer(-one - 3, two + 3)) : c.run.any_int();
+  const int low =
+      c.run.random.chance(0.9) ? static_cast<int>(c.run.random.integer(-one - 3, two + 3)) : c.run.any_int();
   const bool complex = c.type("pSrc1") == Type::Nox64fc;
   int size = 0;
   noxsCrossCorrNormGetBufferSize(one, two, lags, low, complex ? NOX_TYPE_64FC : NOX_TYPE_64F, alg, &size);
@@ -110,7 +117,9 @@ void size_query(Call& c) {
     if (p.kind != Kind::Value) continue;
     const std::string name = p.name;
     const int n = c.run.length(1), any = c.run.any_int(), type = c.run.code({13, 14, 19, 20}), alg = method(c, true);
-    c.set(name, name.find("Type") != std::string::npos ? name == "algType" ? alg : type : c.run.random.chance(0.7) ? n : any);
+    c.set(name, name.find("Type") != std::string::npos ? name == "algType" ? alg : type
+                : c.run.random.chance(0.7)             ? n
+                                                       : any);
   }
   c.compared = c.status_compared = false;
   c.may_write = true;  // a size of 0
@@ -120,8 +129,14 @@ void plane(Call& c) {
   const int ax = small(c, 0, kw - 1), ay = small(c, 0, kh - 1);
   // Steps are bytes; the arrays are counted in elements, the windows of the region included.
   const int from = 8 * (w + kw - 1) + 8 * small(c, 0, 3), to = 8 * w + 8 * small(c, 0, 3);
-  for (const auto& [name, v] : {std::pair<const char*, int>{"kernelWidth", kw}, {"kernelHeight", kh}, {"roiWidth", w},
-                                {"roiHeight", h}, {"anchorX", ax}, {"anchorY", ay}, {"srcStep", from}, {"dstStep", to}})
+  for (const auto& [name, v] : {std::pair<const char*, int>{"kernelWidth", kw},
+                                {"kernelHeight", kh},
+                                {"roiWidth", w},
+                                {"roiHeight", h},
+                                {"anchorX", ax},
+                                {"anchorY", ay},
+                                {"srcStep", from},
+                                {"dstStep", to}})
     c.set(name, v);
   const int row = from / 8;
   c.extent("pSrc", int64_t{row} * (h + kh - 2) + w + kw - 1);
@@ -251,8 +266,11 @@ void quotient(Call& c) {
 }
 void neighbours(Call& c) {
   const int rows = small(c, 1, 12), cols = small(c, 1, 60), k = small(c, 1, 6), start = small(c, 0, 5);
-  for (const auto& [name, v] : {std::pair<const char*, int>{"rowStart", start}, {"rowCount", rows}, {"colCount", cols},
-                                {"k", k}, {"colStart", 100}})
+  for (const auto& [name, v] : {std::pair<const char*, int>{"rowStart", start},
+                                {"rowCount", rows},
+                                {"colCount", cols},
+                                {"k", k},
+                                {"colStart", 100}})
     c.set(name, v);
   const int all = start + rows;
   c.extent("block", rows * cols), c.extent("colTerm", cols), c.extent("rowTerm", all);
@@ -307,7 +325,7 @@ struct Row {
 };
 constexpr Row kShapes[] = {
     {"noxsCopyLE_1u|noxsCopyBE_1u|noxsCopy_1u", bits},
-    {"noxsSwapBytes_24u", three_bytes},
+    {"noxsSwapBytes_24u|noxsConvert_24|noxsConvert_32f24|noxsConvert_32s24|noxsConvert_32u24", three_bytes},
     {"noxsVectorSlope", slope},
     {"noxsWTHaar", haar},
     {"noxsSampleUp|noxsSampleDown", sampler},
@@ -334,49 +352,13 @@ constexpr Row kShapes[] = {
     {"noxsTone|noxsVectorJaehne", wave},
     {"noxsRandUniform_Direct|noxsRandGauss_Direct", seeded},
     {"noxsWin", window},
-    {"noxsNorm_Inf|noxsNormDiff_Inf|noxsMin_|noxsMax_|noxsMinMax|noxsMinIndx|noxsMaxIndx|noxsThreshold_LT_64f|noxsThreshold_GT_64f|noxsThreshold_64f",
+    {"noxsNorm_Inf|noxsNormDiff_Inf|noxsMin_|noxsMax_|noxsMinMax|noxsMinIndx|noxsMaxIndx|noxsThreshold_LT_64f|"
+     "noxsThreshold_GT_64f|noxsThreshold_64f",
      places_matter},
     {"noxsCartToPolar", two_in_one},
     {"noxsSort|noxsConjFlip|noxsFlip|Reverse|FindI|FindA|CumSum", unaliased},
     {"", plain},
 };
-
-bool begins(const std::string& name, const std::string& beginnings) {
-  for (size_t at = 0; at <= beginnings.size();) {
-    const size_t bar = std::min(beginnings.find('|', at), beginnings.size());
-    if (name.compare(0, bar - at, beginnings, at, bar - at) == 0) return true;
-    at = bar + 1;
-  }
-  return false;
-}
-
-struct Skipped {
-  const char* names;
-  const char* reason;
-};
-constexpr Skipped kSkipped[] = {
-    {"noxGetStatus|noxGetCpu|noxSet|noxGetEnabled|noxGetMax|noxGetNum|noxsGetLibVersion",
-     "settings and facts of the process"},
-    {"noxsMalloc|noxsFree", "memory is no array of the caller's"},
-    {"noxsFIRSR|noxsFIRMR|noxsFIROne|noxsDCT|noxsRandUniform_8|noxsRandUniform_16|noxsRandUniform_64|noxsRandGauss_8|"
-     "noxsRandGauss_16|noxsRandGauss_64|noxsRandUniformInit|noxsRandGaussInit|noxiFilterBorder",
-     "needs a record: has a recipe"},
-};
-
-// Errors relative to the largest magnitude; what isn't named gets the last row's.
-struct Tolerance {
-  const char* names;
-  double value;
-};
-constexpr Tolerance kTolerances[] = {
-    {"noxsGoertz", 1e-7}, {"noxsTone", 1e-6}, {"noxsVectorJaehne", 1e-10}, {"noxsRand", 1e-9}, {"", 1e-12}};
-
-constexpr const char* kElementwise =
-    "noxsAdd|noxsSub|noxsMul|noxsDiv_|noxsDivC_|noxsSqr_|noxsSqrt|noxsAnd|noxsOr|noxsXor|noxsNot_|noxsLShift|"
-    "noxsRShift|noxsThreshold|noxsCopy_8|noxsCopy_16|noxsCopy_32|noxsCopy_64|noxsMove|noxsSet_|noxsZero|noxsMaxEvery|"
-    "noxsMinEvery|noxsConj_|noxsReplace|noxsConvert|AddV|SubV|SubF|Scale|MulV|DivV|ConjMul|MulI|Sgn|Floor|Ceil|"
-    "Convert|FindMask|DivC|ModC|RemDiv|RemVal|Rem_|noxsReal|noxsImag|noxsMagnitude|noxsPhase|noxsCartToPolar|"
-    "noxsPolarToCart|noxsRealToCplx|noxsCplxToReal|noxsAbs|noxsPow";
 
 }  // namespace
 
@@ -384,21 +366,5 @@ void shape(Call& call) {
   for (const Row& row : kShapes)
     if (begins(call.declaration.name, row.names)) return row.shape(call);
 }
-
-const char* reason_to_skip(const Declaration& d) {
-  for (const char* query : {"GetSize", "GetBuf"})
-    if (d.name.find(query) != std::string::npos) return nullptr;
-  for (const Skipped& s : kSkipped)
-    if (begins(d.name, s.names)) return s.reason;
-  return nullptr;
-}
-
-double tolerance_of(const Declaration& d) {
-  for (const Tolerance& t : kTolerances)
-    if (begins(d.name, t.names)) return t.value;
-  return kBits;
-}
-
-bool is_elementwise(const Declaration& d) { return begins(d.name, kElementwise) && d.name.find("_24u") == std::string::npos; }
 
 }  // namespace fuzz
