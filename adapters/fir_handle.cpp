@@ -4,16 +4,8 @@
 // successive calls continue one signal.
 #include <stdlib.h>
 
-#include "adapters/adapter.hpp"
+#include "adapters/filter_handle.hpp"
 #include "nox/adapters.h"
-
-struct NoxFilterHandle {
-  void* spec;
-  void* dlyIn;   // read by the next call
-  void* dlyOut;  // written by the next call
-  Nox8u* work;
-  Nox32s size;  // elements of each delay line
-};
 
 namespace nox {
 namespace {

@@ -32,6 +32,17 @@ NOX_INLINE F64x2 halves(F&& f, F64x4 a) {
   return f(F64x2{_mm256_castpd256_pd128(a.v)}, F64x2{_mm256_extractf128_pd(a.v, 1)});
 }
 #endif
+// Likewise complex values into one.
+template <class F>
+NOX_INLINE C64x1 halves(F&&, C64x1 a) {
+  return a;
+}
+#if NOX_LEVEL >= 3
+template <class F>
+NOX_INLINE C64x1 halves(F&& f, C64x2 a) {
+  return f(C64x1{_mm256_castpd256_pd128(a.v)}, C64x1{_mm256_extractf128_pd(a.v, 1)});
+}
+#endif
 NOX_INLINE F64x1 upper(F64x2 a) { return {_mm_unpackhi_pd(a.v, a.v)}; }
 NOX_INLINE Nox64f value_of(F64x1 a) { return _mm_cvtsd_f64(a.v); }
 
@@ -59,7 +70,7 @@ NOX_INLINE void take_singles(Acc& acc, size_t count, Step&& step, const S*&... s
     (advance(sizeof(S), s), ...);
   }
 }
-// Takes what groups of Used vectors are in n elements, vector k of each into acc[k]; returns how many elements are left.
+// Takes what groups of Used vectors are in n elements, vector k of each into acc[k]; returns how many elements remain.
 template <class K, int Used, class Acc, class Step, class... S>
 NOX_INLINE size_t take_vectors(Acc* acc, size_t n, Step&& step, const S*&... s) {
   using V = typename K::vec;
@@ -71,6 +82,29 @@ NOX_INLINE size_t take_vectors(Acc* acc, size_t n, Step&& step, const S*&... s) 
   }
   return n;
 }
+
+// Lanes of K two vectors at a time, for loops whose steps are short and whose accumulators fill the registers.
+template <class K>
+struct in_pairs {
+  struct vec {
+    using V = typename K::vec;
+    static constexpr int N = 2 * V::N;
+    V front, back;
+    template <class E>
+    static NOX_INLINE vec load(const E* p) {
+      return {V::load(p), V::load(p + V::N)};
+    }
+  };
+};
+// The step on them.
+template <class Step>
+struct PairStep {
+  Step step;
+  template <class Acc, class... X>
+  NOX_INLINE Acc operator()(Acc acc, X... x) const {
+    return step(step(acc, x.front...), x.back...);
+  }
+};
 
 enum class FoldAt { BeforeRest, BehindRest };
 

@@ -5,6 +5,7 @@
 // and of their squares side by side.
 #include "core/body.hpp"
 #include "core/reduce.hpp"
+#include "core/simd/choose.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
@@ -59,18 +60,13 @@ NOX_INLINE F64x1 sum_of(const Nox64f* s, int len) {
   return last(acc[0]);
 }
 
-NOX_INLINE C64x1 fold_halves(C64x1 a) { return a; }
-#if NOX_LEVEL >= 3
-NOX_INLINE C64x1 fold_halves(C64x2 a) { return complex<C64x1>(halves(Add{}, parts(a))); }
-#endif
-
 NOX_INLINE C64x1 complex_sum(C64x1 from, const Nox64fc* s, size_t n) {
   C acc[4] = {with_low(C::zero(), from), C::zero(), C::zero(), C::zero()};
   const size_t peel = peel_to_boundary<C>(s, n);
   take_singles<c64>(acc[0], peel, Add{}, s);
   n = take_all<c64>(acc, n - peel, s);
   take_singles<c64>(acc[0], n, Add{}, s);
-  return fold_halves(acc[0]);
+  return halves(Add{}, acc[0]);
 }
 NOX_INLINE C64x1 sum_of(const Nox64fc* s, int len) {
   const size_t n = static_cast<size_t>(len);
@@ -109,7 +105,8 @@ NOX_INLINE Moments with_low(Moments a, OneMoments b) {
 }
 struct MomentsStep {
   template <class M, class T>
-  NOX_INLINE M operator()(M a, T x) const {
+  NOX_INLINE M operator()(M a, T element) const {
+    const T x = once(element);
     return {a.sum + x, a.squares + x * x};
   }
 };

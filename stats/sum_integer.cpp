@@ -4,6 +4,7 @@
 // and their upper halves beside, which tell the sum's upper bits. That takes fewer instructions than 64-bit lanes.
 #include "core/body.hpp"
 #include "core/reduce.hpp"
+#include "core/simd/choose.hpp"
 #include "stats/extrema.hpp"
 
 namespace nox {
@@ -49,17 +50,18 @@ struct Halves {
   V whole, high;
 };
 struct AddHalves {
-  NOX_INLINE Halves operator()(Halves sum, V x) const { return {sum.whole + x, sum.high + shift_right(x, 16)}; }
+  NOX_INLINE Halves operator()(Halves sum, V element) const {
+    const V x = once(element);
+    return {once(sum.whole + x), once(sum.high + shift_right(x, 16))};
+  }
 };
 
 NOX_INLINE size_t add_block(Nox64s& sum, size_t n, const Nox32s*& s) {
-  constexpr int kCount = 3;
-  Halves acc[kCount];
-  for (Halves& a : acc) a = {V::zero(), V::zero()};
-  n = take_vectors<ints<Nox32s>, kCount>(acc, n, AddHalves{}, s);
+  Halves acc[2] = {{V::zero(), V::zero()}, {V::zero(), V::zero()}};
+  n = take_vectors<in_pairs<ints<Nox32s>>, 2>(acc, n, PairStep<AddHalves>{}, s);
   n = take_vectors<ints<Nox32s>, 1>(acc, n, AddHalves{}, s);
-  const Nox32s whole = fold_lanes(Add{}, acc[0].whole + acc[1].whole + acc[2].whole);
-  const Nox32s high = fold_lanes(Add{}, acc[0].high + acc[1].high + acc[2].high);
+  const Nox32s whole = fold_lanes(Add{}, acc[0].whole + acc[1].whole);
+  const Nox32s high = fold_lanes(Add{}, acc[0].high + acc[1].high);
   sum += Nox64s(high) * 65536 + (Nox32u(whole) - (Nox32u(high) << 16));
   return n;
 }
@@ -68,8 +70,13 @@ template <class T, size_t Block>
 NOX_INLINE Nox64s exact_sum(const T* s, int len) {
   Nox64s sum = 0;
   size_t left = static_cast<size_t>(len);
-  for (; left > Block; left -= Block) add_block(sum, Block, s);
-  for (left = add_block(sum, left, s); left > 0; --left) {
+  size_t rest = 0;
+  while (left > 0) {
+    const size_t block = left < Block ? left : Block;
+    left -= block;
+    rest = add_block(sum, block, s);
+  }
+  for (; rest > 0; --rest) {
     sum += IntOne<T>::load(s).v;
     advance(sizeof(T), s);
   }

@@ -5,6 +5,7 @@
 #ifndef NOX_ADAPTERS_H
 #define NOX_ADAPTERS_H
 
+#include "nox/adapters/median.h"
 #include "nox/types.h"
 
 NOX_BEGIN_DECLS

@@ -5,6 +5,7 @@
 
 #include "nox/vector/arithmetic.h"
 #include "nox/vector/complex.h"
+#include "nox/vector/convert.h"
 #include "nox/vector/fixed.h"
 #include "nox/vector/flip.h"
 #include "nox/vector/logic.h"

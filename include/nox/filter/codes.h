@@ -15,6 +15,9 @@ enum NoxAlgType {
 
 /** Element-type codes of the size queries. */
 enum NoxTypeCode {
+  NOX_TYPE_8U = 1,    /**< Nox8u */
+  NOX_TYPE_16S = 7,   /**< Nox16s */
+  NOX_TYPE_32S = 11,  /**< Nox32s */
   NOX_TYPE_32F = 13,  /**< Nox32f */
   NOX_TYPE_32FC = 14, /**< Nox32fc */
   NOX_TYPE_64F = 19,  /**< Nox64f */

@@ -2,7 +2,8 @@
  *
  * Sums of reals run in several lanes, which the address of the data and the build determine: their last bits differ
  * between builds, and between addresses in one build. A lane starts from +0, so a sum of zeros is +0. A NaN in the data
- * gives a NaN, a sum out of range an infinity. Integer forms are equal in all builds. Nothing is written on an error. */
+ * gives a NaN, a sum out of range an infinity. Arrays may stand at any address. Integer forms are equal in all builds.
+ * Nothing is written on an error. */
 #ifndef NOX_STATS_SUM_H
 #define NOX_STATS_SUM_H
 

@@ -1,0 +1,25 @@
+// Grey images as binary PGM files of 8 bits a pixel. Whatever doesn't fit ends in an Error whose text fits on one line.
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace examples {
+
+// Input that can't be worked on; the text is meant for the user.
+struct Error : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+struct Image {
+  int width, height;
+  std::vector<std::uint8_t> pixels;  // row by row, without gaps
+  std::uint8_t* row(int y) { return pixels.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(width); }
+};
+
+Image read_pgm(const std::string& path);
+void write_pgm(const std::string& path, const Image& image);
+
+}  // namespace examples

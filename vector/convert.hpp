@@ -1,0 +1,215 @@
+// Conversions, eight elements at a time: a format reads eight elements of an array as integers, floats or doubles, and
+// writes such ones; what stands between is a functor on eights. What is left of an array goes through memory of the
+// loop's own, so that nothing outside is touched; eight elements of 24 bits are two overlapping loads of 16 bytes.
+#pragma once
+#include "core/body.hpp"
+#include "core/simd/eights.hpp"
+#include "core/simd/ints_wide.hpp"
+
+namespace nox {
+inline namespace NOX_VARIANT {
+
+NOX_INLINE __m128i load_16(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
+NOX_INLINE __m128i load_8(const void* p) { return _mm_loadl_epi64(static_cast<const __m128i*>(p)); }
+NOX_INLINE void store_16(void* p, __m128i x) { _mm_storeu_si128(static_cast<__m128i*>(p), x); }
+NOX_INLINE void store_8(void* p, __m128i x) { _mm_storel_epi64(static_cast<__m128i*>(p), x); }
+
+// Eight words in the low halves of eight integers, with their signs or without.
+template <bool Signed>
+NOX_INLINE Ints8 from_words(__m128i x) {
+#if NOX_LEVEL >= 4
+  return {{{Signed ? _mm256_cvtepi16_epi32(x) : _mm256_cvtepu16_epi32(x)}}};
+#else
+  const __m128i sign = Signed ? _mm_srai_epi16(x, 15) : _mm_setzero_si128();
+  return ints8({_mm_unpacklo_epi16(x, sign), _mm_unpackhi_epi16(x, sign)});
+#endif
+}
+template <bool Signed>
+NOX_INLINE __m128i words_from_bytes(__m128i x) {
+  if constexpr (Signed) return _mm_srai_epi16(_mm_unpacklo_epi8(x, x), 8);
+  return _mm_unpacklo_epi8(x, _mm_setzero_si128());
+}
+template <class To>
+NOX_INLINE __m128i words_of(Ints8 a) {
+  const Quads8 q = quads(a);
+  return pack<To>(V128<Nox32s>{q.low}, V128<Nox32s>{q.high}).v;
+}
+
+// ---- 24 bits: four elements are 12 bytes
+template <bool Signed>
+NOX_INLINE __m128i four_from_24(__m128i x) {
+#if NOX_LEVEL >= 1
+  const __m128i top = _mm_shuffle_epi8(x, _mm_setr_epi8(-1, 0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11));
+#else
+  const __m128i first = _mm_unpacklo_epi32(x, _mm_srli_si128(x, 3));
+  const __m128i second = _mm_unpacklo_epi32(_mm_srli_si128(x, 6), _mm_srli_si128(x, 9));
+  const __m128i top = _mm_slli_epi32(_mm_unpacklo_epi64(first, second), 8);
+#endif
+  return Signed ? _mm_srai_epi32(top, 8) : _mm_srli_epi32(top, 8);
+}
+NOX_INLINE __m128i four_to_24(__m128i x) {  // the last four bytes are 0
+#if NOX_LEVEL >= 1
+  return _mm_shuffle_epi8(x, _mm_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1));
+#else
+  const __m128i low = _mm_and_si128(x, _mm_set1_epi64x(0xFFFFFF));
+  const __m128i pairs =
+      _mm_or_si128(low, _mm_slli_epi64(_mm_srli_epi64(_mm_slli_epi64(_mm_srli_epi64(x, 32), 40), 40), 24));
+  const __m128i second = _mm_slli_si128(_mm_srli_si128(pairs, 8), 6);
+  return _mm_or_si128(_mm_move_epi64(pairs), second);
+#endif
+}
+
+// ---- formats: elem, how many of them an element is made of, take, put
+template <class T>
+struct Format {
+  using elem = T;
+  static constexpr size_t kPer = 1;
+  static NOX_INLINE auto take(const T* p) {
+    if constexpr (sizeof(T) == 1) {
+      return from_words<is_signed<T>>(words_from_bytes<is_signed<T>>(load_8(p)));
+    } else if constexpr (sizeof(T) == 2) {
+      return from_words<is_signed<T>>(load_16(p));
+    } else {
+      return ints8({load_16(p), load_16(p + 4)});
+    }
+  }
+  static NOX_INLINE void put(T* p, Ints8 a) {
+    if constexpr (sizeof(T) == 1) {
+      const V128<Nox16s> words{words_of<Nox16s>(a)};
+      store_8(p, pack<T>(words, words).v);
+    } else if constexpr (sizeof(T) == 2) {
+      store_16(p, words_of<T>(a));
+    } else {
+      const Quads8 q = quads(a);
+      store_16(p, q.low);
+      store_16(p + 4, q.high);
+    }
+  }
+};
+template <bool Signed>
+struct Format24 {
+  using elem = Nox8u;
+  static constexpr size_t kPer = 3;
+  static NOX_INLINE Ints8 take(const Nox8u* p) {
+    return ints8({four_from_24<Signed>(load_16(p)), four_from_24<Signed>(_mm_srli_si128(load_16(p + 8), 4))});
+  }
+  static NOX_INLINE void put(Nox8u* p, Ints8 a) {
+    const Quads8 q = quads(a);
+    const __m128i low = four_to_24(q.low), high = four_to_24(q.high);
+    store_16(p, _mm_or_si128(low, _mm_slli_si128(high, 12)));
+    store_8(p + 16, _mm_srli_si128(high, 4));
+  }
+};
+template <class Eights, class T>
+struct RealFormat {
+  using elem = T;
+  static constexpr size_t kPer = 1;
+  using V = typename Eights::Vector;
+  static NOX_INLINE Eights take(const T* p) {
+    Eights a;
+#pragma GCC unroll 4
+    for (size_t i = 0; i < Eights::kCount; ++i) a.v[i] = V::load(p + i * V::N);
+    return a;
+  }
+  static NOX_INLINE void put(T* p, Eights a) {
+#pragma GCC unroll 4
+    for (size_t i = 0; i < Eights::kCount; ++i) a.v[i].store(p + i * V::N);
+  }
+};
+template <>
+struct Format<Nox32f> : RealFormat<Floats8, Nox32f> {};
+template <>
+struct Format<Nox64f> : RealFormat<Doubles8, Nox64f> {};
+
+// d[i] = f(s[i]) in these formats.
+template <class From, class To, class F>
+NOX_INLINE void convert_eights(const typename From::elem* s, typename To::elem* d, int len, F&& f) {
+  size_t n = static_cast<size_t>(len);
+#pragma GCC unroll 2
+  for (; n >= 8; n -= 8, s += 8 * From::kPer, d += 8 * To::kPer) To::put(d, f(From::take(s)));
+  if (n == 0) return;
+  typename From::elem in[8 * From::kPer] = {};
+  typename To::elem out[8 * To::kPer];
+  __builtin_memcpy(in, s, n * From::kPer * sizeof *s);
+  To::put(out, f(From::take(in)));
+  __builtin_memcpy(d, out, n * To::kPer * sizeof *d);
+}
+template <class From, class To, class F>
+NOX_INLINE NoxStatus convert(const typename From::elem* s, typename To::elem* d, int len, F&& f) {
+  if (const NoxStatus st = check(len, s, d)) return st;
+  convert_eights<From, To>(s, d, len, f);
+  return noxStsNoErr;
+}
+
+// 2^-scaleFactor as a normal number, as near to it as there is one.
+NOX_INLINE Nox32f float_factor(int s) {
+  const int n = s < -127 ? 127 : s > 126 ? -126 : -s;
+  const Nox32u bits = Nox32u(127 + n) << 23;
+  Nox32f power;
+  __builtin_memcpy(&power, &bits, sizeof power);
+  return power;
+}
+NOX_INLINE Nox64f double_factor(int s) {
+  const int n = s < -1023 ? 1023 : s > 1022 ? -1022 : -s;
+  const Nox64u bits = Nox64u(Nox32u(1023 + n)) << 52;
+  Nox64f power;
+  __builtin_memcpy(&power, &bits, sizeof power);
+  return power;
+}
+
+struct ToFloats {
+  template <class X>
+  NOX_INLINE Floats8 operator()(X x) const {
+    return to_floats(x);
+  }
+};
+struct ToDoubles {
+  template <class X>
+  NOX_INLINE Doubles8 operator()(X x) const {
+    return to_doubles(x);
+  }
+};
+struct Same {
+  template <class X>
+  NOX_INLINE X operator()(X x) const {
+    return x;
+  }
+};
+
+// Rounding of reals to integers. Halves away from zero: the cut value, one more where what was cut off is a half or
+// more; exact, so the rounding mode of the thread has no part in it.
+struct Near {
+  template <class X>
+  NOX_INLINE Ints8 operator()(X x) const {
+    return rounded(x);
+  }
+};
+struct Cut {
+  template <class X>
+  NOX_INLINE Ints8 operator()(X x) const {
+    return cut(x);
+  }
+};
+template <class X>
+NOX_INLINE X back(Ints8 a) {
+  if constexpr (sizeof(X{}.v[0].v) / X::Vector::N == 4)
+    return to_floats(a);
+  else
+    return to_doubles(a);
+}
+struct HalfAway {
+  template <class X>
+  NOX_INLINE Ints8 operator()(X x) const {
+    using V = typename X::Vector;
+    using E = typename V::elem;
+    const Ints8 whole = cut(x);
+    const X up =
+        each_vector([](V a, V b) { return (all_of<V>(E(0.5)) <= a - b) & all_of<V>(E(1)); }, x, back<X>(whole));
+    const X down =
+        each_vector([](V a, V b) { return (all_of<V>(E(0.5)) <= b - a) & all_of<V>(E(1)); }, x, back<X>(whole));
+    return each_vector([](auto w, auto u, auto l) { return w + u - l; }, whole, cut(up), cut(down));
+  }
+};
+
+}  // namespace NOX_VARIANT
+}  // namespace nox

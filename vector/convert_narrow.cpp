@@ -1,0 +1,200 @@
+// Conversions to integers: values are scaled by a power of two, rounded and cut to the range of the destination.
+#include "vector/convert.hpp"
+
+#include "nox/vector/convert.h"
+
+namespace nox {
+inline namespace NOX_VARIANT {
+namespace {
+
+using S24 = Format24<true>;
+using U24 = Format24<false>;
+constexpr Nox32s kMost24s = 0x7FFFFF, kMost24u = 0xFFFFFF;
+
+// Reals cut at the top, and at the bottom where the store wouldn't do it; a NaN becomes the top.
+template <class E>
+struct Range {
+  E bottom, top;
+};
+template <class From, class To, class Round, class E>
+NOX_INLINE void real_to_int(const E* s, typename To::elem* d, int len, Range<E> range, Round round, E factor) {
+  convert_eights<From, To>(s, d, len, [=](auto x) {
+    using V = typename decltype(x)::Vector;
+    const auto cut_off = [=](V a) {
+      return most(least(a * all_of<V>(factor), all_of<V>(range.top)), all_of<V>(range.bottom));
+    };
+    return round(each_vector(cut_off, x));
+  });
+}
+// The same where the top of the range isn't a float: what reaches 2^31 is put in at the end.
+struct FloatRange {};
+template <class From, class To, class Round>
+NOX_INLINE void real_to_int(const Nox32f* s, Nox32s* d, int len, FloatRange, Round round, Nox32f factor) {
+  convert_eights<From, To>(s, d, len, [=](Floats8 x) {
+    using V = FloatVector;
+    const Floats8 y = each_vector([=](V a) { return a * all_of<V>(factor); }, x);
+    const Floats8 beyond = each_vector([](V a) { return all_of<V>(0x1p31f) <= a; }, y);
+    const auto cut_off = [](V a) { return most(least(a, all_of<V>(0x1.fffffep30f)), all_of<V>(-0x1p31f)); };
+    const auto end = [](auto a, auto past) { return select_lanes(past, decltype(a)::all(INT32_MAX), a); };
+    return each_vector(end, round(each_vector(cut_off, y)), int_bits(beyond));
+  });
+}
+
+template <class From, class To, class R, class E>
+NOX_INLINE NoxStatus by_mode(const E* s, typename To::elem* d, int len, int mode, R range, E factor) {
+  if (const NoxStatus st = check(len, s, d)) return st;
+  if (mode == noxRndNear)
+    real_to_int<From, To>(s, d, len, range, Near{}, factor);
+  else if (mode == noxRndZero)
+    real_to_int<From, To>(s, d, len, range, Cut{}, factor);
+  else
+    real_to_int<From, To>(s, d, len, range, HalfAway{}, factor);
+  return noxStsNoErr;
+}
+
+// ---- integers
+using V = Ints8::Vector;
+
+// x / 2^s to nearest, halves to even, for s from 1 to 31; as bits without a sign if `Signed` is false.
+template <bool Signed>
+NOX_INLINE V shifted_down(V x, int s) {
+  const V q = Signed ? shift_right(x, s) : as_lanes<Nox32s>(shift_right(as_lanes<Nox32u>(x), s));
+  const V rest = x & V::all(static_cast<Nox32s>((Nox32u{1} << s) - 1)),
+          half = V::all(static_cast<Nox32s>(Nox32u{1} << (s - 1)));
+  const V more = (rest > half) | ((rest == half) & (V::zero() - (q & V::all(1))));
+  return q - more;
+}
+// x * 2^n cut to a range, for n with which the lowest value is a multiple of 2^n and which takes every other one
+// beyond.
+NOX_INLINE V shifted_up(V x, int n, Nox32s bottom, Nox32s top) {
+  const V high = V::all(top >> n), low = V::all(bottom >> n);
+  const V shifted = shift_left(x, n);
+  return select_lanes(x > high, V::all(top), select_lanes(low > x, V::all(bottom), shifted));
+}
+template <class To>
+NOX_INLINE NoxStatus int_to_int(const Nox32s* s, typename To::elem* d, int len, int scale, int least_scale,
+                                Nox32s bottom, Nox32s top) {
+  const auto cut_off = [=](V x) { return min(max(x, V::all(bottom)), V::all(top)); };
+  if (scale > 0)
+    return convert<Format<Nox32s>, To>(
+        s, d, len, [=](Ints8 a) { return each_vector([=](V x) { return cut_off(shifted_down<true>(x, scale)); }, a); });
+  const int n = scale < least_scale ? -least_scale : -scale;
+  return convert<Format<Nox32s>, To>(
+      s, d, len, [=](Ints8 a) { return each_vector([=](V x) { return shifted_up(x, n, bottom, top); }, a); });
+}
+struct Zero {
+  NOX_INLINE Ints8 operator()(Ints8 a) const {
+    return each_vector([](V) { return V::zero(); }, a);
+  }
+};
+// As lanes compare with signs, values without one are moved down by half their range.
+constexpr Nox32s kFlip = INT32_MIN;
+
+// |x| / 2^s of 64 bits by mode, then the sign and the cut; or x * 2^-s cut.
+NOX_INLINE Nox32s from_64s(Nox64s x, int mode, int s) {
+  if (s <= 0) {
+    const int n = s < -31 ? 31 : -s;
+    const Nox64s top = INT32_MAX >> n, bottom = INT32_MIN >> n;
+    return x > top ? INT32_MAX : x < bottom ? INT32_MIN : static_cast<Nox32s>(static_cast<Nox64u>(x) << n);
+  }
+  const Nox64u size = x < 0 ? 0 - static_cast<Nox64u>(x) : static_cast<Nox64u>(x);
+  Nox64u q = 0;
+  if (s <= 64) {
+    const Nox64u half = Nox64u{1} << (s - 1), rest = s < 64 ? size & (2 * half - 1) : size;
+    q = s < 64 ? size >> s : 0;
+    q += mode == noxRndZero ? 0 : mode == noxRndNear ? rest > half || (rest == half && (q & 1)) : rest >= half;
+  }
+  const Nox64u most_size = static_cast<Nox64u>(INT32_MAX) + (x < 0);
+  q = q < most_size ? q : most_size;
+  return static_cast<Nox32s>(x < 0 ? 0 - q : q);
+}
+
+}  // namespace
+}  // namespace NOX_VARIANT
+}  // namespace nox
+
+using namespace nox;
+
+extern "C" {
+
+NoxStatus NOX_BODY(noxsConvert_32f8s_Sfs)(const Nox32f* s, Nox8s* d, int len, int mode, int scale) {
+  return by_mode<Format<Nox32f>, Format<Nox8s>>(s, d, len, mode, Range<Nox32f>{-128, 127}, float_factor(scale));
+}
+NoxStatus NOX_BODY(noxsConvert_32f8u_Sfs)(const Nox32f* s, Nox8u* d, int len, int mode, int scale) {
+  return by_mode<Format<Nox32f>, Format<Nox8u>>(s, d, len, mode, Range<Nox32f>{0, 255}, float_factor(scale));
+}
+NoxStatus NOX_BODY(noxsConvert_32f16s_Sfs)(const Nox32f* s, Nox16s* d, int len, int mode, int scale) {
+  return by_mode<Format<Nox32f>, Format<Nox16s>>(s, d, len, mode, Range<Nox32f>{-32768, 32767}, float_factor(scale));
+}
+NoxStatus NOX_BODY(noxsConvert_32f16u_Sfs)(const Nox32f* s, Nox16u* d, int len, int mode, int scale) {
+  return by_mode<Format<Nox32f>, Format<Nox16u>>(s, d, len, mode, Range<Nox32f>{0, 65535}, float_factor(scale));
+}
+NoxStatus NOX_BODY(noxsConvert_32f32s_Sfs)(const Nox32f* s, Nox32s* d, int len, int mode, int scale) {
+  return by_mode<Format<Nox32f>, Format<Nox32s>>(s, d, len, mode, FloatRange{}, float_factor(scale));
+}
+NoxStatus NOX_BODY(noxsConvert_64f16s_Sfs)(const Nox64f* s, Nox16s* d, int len, int mode, int scale) {
+  return by_mode<Format<Nox64f>, Format<Nox16s>>(s, d, len, mode, Range<Nox64f>{-32768, 32767}, double_factor(scale));
+}
+NoxStatus NOX_BODY(noxsConvert_64f32s_Sfs)(const Nox64f* s, Nox32s* d, int len, int mode, int scale) {
+  const Range<Nox64f> range{INT32_MIN, INT32_MAX};
+  return by_mode<Format<Nox64f>, Format<Nox32s>>(s, d, len, mode, range, double_factor(scale));
+}
+NoxStatus NOX_BODY(noxsConvert_32f24s_Sfs)(const Nox32f* s, Nox8u* d, int len, int scale) {
+  return by_mode<Format<Nox32f>, S24>(s, d, len, noxRndNear, Range<Nox32f>{-kMost24s - 1, kMost24s},
+                                      float_factor(scale));
+}
+NoxStatus NOX_BODY(noxsConvert_32f24u_Sfs)(const Nox32f* s, Nox8u* d, int len, int scale) {
+  return by_mode<Format<Nox32f>, U24>(s, d, len, noxRndNear, Range<Nox32f>{0, kMost24u}, float_factor(scale));
+}
+
+NoxStatus NOX_BODY(noxsConvert_32s16s)(const Nox32s* s, Nox16s* d, int len) {
+  return convert<Format<Nox32s>, Format<Nox16s>>(s, d, len, Same{});
+}
+NoxStatus NOX_BODY(noxsConvert_32s16s_Sfs)(const Nox32s* s, Nox16s* d, int len, int scale) {
+  if (scale == 0) return NOX_BODY(noxsConvert_32s16s)(s, d, len);
+  return int_to_int<Format<Nox16s>>(s, d, len, scale > 31 ? 31 : scale, -15, INT16_MIN, INT16_MAX);
+}
+NoxStatus NOX_BODY(noxsConvert_32s24s_Sfs)(const Nox32s* s, Nox8u* d, int len, int scale) {
+  // A quotient by 2^32 is a half at most, which goes to 0.
+  if (scale > 31) return convert<Format<Nox32s>, S24>(s, d, len, Zero{});
+  return int_to_int<S24>(s, d, len, scale, -23, -kMost24s - 1, kMost24s);
+}
+NoxStatus NOX_BODY(noxsConvert_32u24u_Sfs)(const Nox32u* s, Nox8u* d, int len, int scale) {
+  using From = Format<Nox32u>;
+  const V flip = V::all(kFlip), top = V::all(kMost24u);
+  if (scale > 32) return convert<From, U24>(s, d, len, Zero{});
+  if (scale == 32)  // 1 above the half of 2^32, else 0
+    return convert<From, U24>(
+        s, d, len, [=](Ints8 a) { return each_vector([=](V x) { return V::zero() - ((x ^ flip) > V::zero()); }, a); });
+  if (scale > 0)
+    return convert<From, U24>(s, d, len, [=](Ints8 a) {
+      return each_vector(
+          [=](V x) {
+            const V q = shifted_down<false>(x, scale);
+            return min(q, top) | ((V::zero() > q) & top);
+          },
+          a);
+    });
+  const int n = scale < -24 ? 24 : -scale;
+  return convert<From, U24>(s, d, len, [=](Ints8 a) {
+    return each_vector(
+        [=](V x) {
+          const V beyond = (x ^ flip) > V::all((kMost24u >> n) ^ kFlip);
+          return select_lanes(beyond, top, shift_left(x, n));
+        },
+        a);
+  });
+}
+
+NoxStatus NOX_BODY(noxsConvert_64s32s_Sfs)(const Nox64s* s, Nox32s* d, int len, int mode, int scale) {
+  if (const NoxStatus st = check(len, s, d)) return st;
+  for (int i = 0; i < len; ++i) {
+    Nox64s x;
+    __builtin_memcpy(&x, s + i, sizeof x);
+    const Nox32s y = from_64s(x, mode, scale);
+    __builtin_memcpy(d + i, &y, sizeof y);
+  }
+  return noxStsNoErr;
+}
+
+}  // extern "C"
