@@ -164,3 +164,11 @@ def type_tag(type_name):
     if type_name.endswith("*"):
         return "Pointer"
     return type_name.replace(" ", "_").replace("const_", "").capitalize() if not type_name.startswith("Nox") else type_name
+
+
+def target_tag(parameter):
+    """The tag of a value, of an array's elements or of the single result behind a pointer; 'Pointer' for a record."""
+    single = parameter.type.removesuffix("*").strip()
+    if re.fullmatch(r"int|unsigned int|Nox\d+(u|s|f|sc|fc)", single):
+        return type_tag(single)
+    return type_tag(parameter.type)

@@ -21,7 +21,7 @@ same bits; the documentation of a function tells how far those that don't may di
 element in the h9 build and the time of the fastest peer by the library's, from the [performance report](performance.md).
 """
 # What a comment says, in the order to look for it.
-EXACTNESS = (("yes", r"[Ee]qual in all builds"), ("no", r"last place|last bit|differ|fuses|ulp|rounding|[Aa]s accurate"))
+EXACTNESS = (("yes", r"[Ee]qual in all builds"), ("no", r"last place|last bit|\bdiffers?\b|fuses|ulp|rounding|[Aa]s accurate"))
 IN_PLACE = (("no", r"must not overlap|must not be"), ("yes", r"may be (the|a|either|any|one|@p pSrc|@p pDst|in place)\b|[Ee]qual pointers are allowed|in place"))
 # Functions of memory, sizes, records and settings: nothing about them can differ.
 NO_DATA = re.compile(r"nox[si]?(Get|Set(Cpu|Denorm|Num)|Malloc|Free)|\w*(GetSize|GetBuf|GetBuffer|GetState|Init|Free|Alloc)\w*$"

@@ -16,6 +16,7 @@ import re
 from pathlib import Path
 
 import declarations as decl
+from function_table import exactness, with_referred
 
 HEAD = "Made by tools/generate.py from the headers; changes here are lost."
 VARIANTS = ("w7", "s8", "p8", "g9", "h9")
@@ -150,15 +151,17 @@ def status_rows(header):
     return f"// {HEAD}\n" + "".join(f'{{{c}, "{rows[c]}"}},\n' for c in sorted(rows))
 
 
-def declaration_rows(functions, rows):
-    """One row per exported function: name, address, row in the dispatch table or -1, parameters."""
+def declaration_rows(functions, rows, documents):
+    """One row per exported function: name, address, row in the dispatch table or -1, exactness, parameters."""
     out = [f"// {HEAD}"]
     for f in functions:
+        told = f.primitive or f
+        equal = exactness(told, with_referred(told.name, documents)) == "yes"
         params = ", ".join(
-            f'{{"{p.name}", Kind::{p.kind}, Type::{decl.type_tag(p.type)}, {str(p.constant).lower()}, {str(p.nullable).lower()}}}'
+            f'{{"{p.name}", Kind::{p.kind}, Type::{decl.target_tag(p)}, {str(p.constant).lower()}, {str(p.nullable).lower()}}}'
             for p in f.parameters)
         address = "nullptr" if f.internal else f"reinterpret_cast<void*>(&{f.name})"
-        out.append(f'{{"{f.name}", {address}, {rows.get(f.name, -1)}, Type::{decl.type_tag(f.result)}, {{{params}}}}},')
+        out.append(f'{{"{f.name}", {address}, {rows.get(f.name, -1)}, Type::{decl.type_tag(f.result)}, {str(equal).lower()}, {{{params}}}}},')
     return "\n".join(out) + "\n"
 
 
@@ -193,7 +196,7 @@ def main():
     write(options.out / "exports.map", exports(sorted([f.name for f in public] + [f.name for f in forms])))
     write(options.out / "status_rows.inc", status_rows((options.headers / "nox/status.h").read_text()))
     write(options.out / "declarations.inc",
-          declaration_rows(functions + forms, {p.name: i for i, p in enumerate(primitives)}))
+          declaration_rows(functions + forms, {p.name: i for i, p in enumerate(primitives)}, decl.documentation(functions)))
 
 
 if __name__ == "__main__":

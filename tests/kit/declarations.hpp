@@ -41,7 +41,7 @@ size_t size_of(Type type);
 struct Parameter {
   const char* name;
   Kind kind;
-  Type type;  // of the element, for an array
+  Type type;  // of the element, for an array; of what is behind a pointer, Pointer for a record
   bool constant;
   bool nullable;
 };
@@ -51,6 +51,7 @@ struct Declaration {
   void* address;  // null for a primitive that has no export
   int row;        // in the dispatch table, -1 for a function with one body
   Type result;
+  bool equal;         // its comment says that all builds give the same bits
   std::vector<Parameter> parameters;
 
   bool is_index_form() const;

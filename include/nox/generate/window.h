@@ -88,8 +88,8 @@ NOX_API(NoxStatus) noxsWinHamming_64fc_I(Nox64fc pSrcDst[], int len);
  *
  * The cosines follow from two of them by recurrence, whose errors grow with the square of the length: weights are off
  * by at most 1e-12 for 1025 elements, 1e-9 for 16384 and 1e-5 for a million. Above 1025 elements the recurrence goes by
- * single positions. The h9 build fuses products and sums, so that its results may differ in the last bits. Of three
- * elements the outer ones become 0.0, whatever they are.
+ * single positions. Builds may differ by as much, since h9 fuses products and sums. Of three elements the outer ones
+ * become 0.0, whatever they are.
  *
  * @param pSrc   array of @p len elements
  * @param pDst   array of @p len elements; may be the source

@@ -45,7 +45,8 @@ NOX_API(NoxStatus) noxsAdd_64f_I(const Nox64f pSrc[], Nox64f pSrcDst[], int len)
 NOX_API(NoxStatus) noxsAdd_64fc_I(const Nox64fc pSrc[], Nox64fc pSrcDst[], int len);
 
 /**
- * @brief Element-wise difference, second array minus first: `pDst[i] = pSrc2[i] - pSrc1[i]`.
+ * @brief Element-wise difference, second array minus first: `pDst[i] = pSrc2[i] - pSrc1[i]`. Equal in all
+ * builds.
  * @param pSrc1  array of @p len elements, subtracted
  * @param pSrc2  array of @p len elements, subtracted from
  * @param pDst   array of @p len elements; may be one of the sources
