@@ -5,6 +5,7 @@
 #define NOX_ARRAY_H
 
 #include "nox/array/bytes.h"
+#include "nox/array/companding.h"
 #include "nox/array/every.h"
 #include "nox/array/histogram.h"
 #include "nox/array/matrix.h"

@@ -45,12 +45,16 @@ struct Calls<Nox64f> {
   static constexpr auto one = noxsIIROne_64f_Idx;
   static constexpr auto filter = noxsIIR_64f;
   static constexpr auto in_place = noxsIIR_64f_I;
+  static constexpr auto filter_idx = noxsIIR_64f_Idx;
+  static constexpr auto in_place_idx = noxsIIR_64f_I_Idx;
 };
 template <>
 struct Calls<Nox64fc> {
   static constexpr auto one = noxsIIROne_64fc_Idx;
   static constexpr auto filter = noxsIIR_64fc;
   static constexpr auto in_place = noxsIIR_64fc_I;
+  static constexpr auto filter_idx = noxsIIR_64fc_Idx;
+  static constexpr auto in_place_idx = noxsIIR_64fc_I_Idx;
 };
 
 // test(form) for the four of them.
@@ -124,8 +128,12 @@ class Filter {
     ASSERT_EQ(noxStsNoErr, status);
   }
   void run(const T* src, T* dst, size_t n) {
-    const NoxStatus status = src == dst ? kit::call(Calls<T>::in_place, dst, static_cast<int>(n), state_)
-                                        : kit::call(Calls<T>::filter, src, dst, static_cast<int>(n), state_);
+    const int len = static_cast<int>(n);
+    const NoxStatus status = src == dst
+                                 ? (n % 2 ? kit::call(Calls<T>::in_place, dst, len, state_)
+                                          : kit::call(Calls<T>::in_place_idx, dst + 7, -7, len, state_))
+                                 : (n % 2 ? kit::call(Calls<T>::filter, src, dst, len, state_)
+                                          : kit::call(Calls<T>::filter_idx, src - 1, 1, dst + 2, -2, len, state_));
     ASSERT_EQ(noxStsNoErr, status);
     memory_.check();
   }

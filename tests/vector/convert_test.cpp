@@ -64,12 +64,12 @@ T source_value(kit::Random& random, size_t turn) {
     return {x};
   } else if constexpr (std::is_floating_point_v<T>) {
     // Around integers and halves of the narrow types, around their ends, and anything.
-    const T near = static_cast<T>(random.integer(-140000, 140000)) / 2;
+    const T near = static_cast<T>(static_cast<int>(random.integer(-140000, 140000)) * 0.5);
     switch (turn % 4) {
       case 0:
         return near;
       case 1:
-        return std::nextafter(near, static_cast<T>(random.integer(-1, 1) * HUGE_VAL));
+        return std::nextafter(near, random.integer(0, 1) ? static_cast<T>(HUGE_VAL) : static_cast<T>(-HUGE_VAL));
       case 2:
         return static_cast<T>(random.uniform(-0x1p33, 0x1p33));
       default:
