@@ -67,11 +67,14 @@ NOX_INLINE Ints8 int_bits(Floats8 a) { return {{{_mm_castps_si128(a.v[0].v)}, {_
 #endif
 
 #if NOX_LEVEL >= 3
+// From registers: for a conversion straight from memory emulators have been seen to read as many bytes as it writes.
 NOX_INLINE Doubles8 to_doubles(Ints8 a) {
-  const Quads8 q = quads(a);
+  Quads8 q = quads(a);
+  asm("" : "+x"(q.low), "+x"(q.high));
   return {{{_mm256_cvtepi32_pd(q.low)}, {_mm256_cvtepi32_pd(q.high)}}};
 }
 NOX_INLINE Doubles8 to_doubles(Floats8 a) {
+  asm("" : "+x"(a.v[0].v));
   return {{{_mm256_cvtps_pd(_mm256_castps256_ps128(a.v[0].v))}, {_mm256_cvtps_pd(_mm256_extractf128_ps(a.v[0].v, 1))}}};
 }
 NOX_INLINE Floats8 to_floats(Doubles8 a) {

@@ -187,7 +187,7 @@ noxsFIROne_64fc_Idx(Nox64fc val, Nox64fc* pDstVal, const NoxFirSpec* pSpec, NOX_
                     int bufIdx);
 
 /**
- * @brief Filters one sample of a stream; the state's delay line moves on.
+ * @brief Filters one sample of a stream, like noxsIIR_64f(); the state's delay line moves on.
  * @param val      the sample
  * @param pDstVal  takes the output
  * @param pState   state of an Init function of the same type
