@@ -38,5 +38,12 @@ NOX_HIDDEN void recombine_forward(int order, const Nox64f* table, Nox64f* d);
 // And back, doubled, in place or to another array.
 NOX_HIDDEN void recombine_inverse(int order, const Nox64f* table, const Nox64f* s, Nox64f* d);
 
+// ---- products without recombination
+// Of real data transformed as m complex values each, two samples in one: d becomes what the inverse complex transform
+// takes to the data whose spectrum is the product, or that with the conjugate of b's. d may be a or b, and these one;
+// the wave is of m samples, and from m = 4 on asked for.
+NOX_HIDDEN void multiply_halves(const Nox64fc* a, const Nox64fc* b, Nox64fc* d, size_t m, const Wave& wave);
+NOX_HIDDEN void multiply_halves_conj(const Nox64fc* a, const Nox64fc* b, Nox64fc* d, size_t m, const Wave& wave);
+
 }  // namespace NOX_VARIANT
 }  // namespace nox
