@@ -19,8 +19,8 @@ struct ConvolutionPlan {
         longer(static_cast<Nox64u>(len1 < len2 ? len2 : len1)),
         result(shorter + longer - 1) {
     const int method = method_of(algType);
-    direct = method == NOX_ALG_DIRECT ||
-             (method == NOX_ALG_AUTO && (result < kShortestFft || shorter < kShortestFftTaps));
+    direct =
+        method == NOX_ALG_DIRECT || (method == NOX_ALG_AUTO && (result < kShortestFft || shorter < kShortestFftTaps));
   }
 };
 

@@ -66,8 +66,7 @@ struct SpectralSizes {
   template <class E>
   NOX_INLINE NoxStatus get(int order) {
     int bytes[3];
-    const NoxStatus st =
-        SpectralOf<E>::get_size(order, NOX_FFT_SCALE_INV_1_N, 0, &bytes[0], &bytes[1], &bytes[2]);
+    const NoxStatus st = SpectralOf<E>::get_size(order, NOX_FFT_SCALE_INV_1_N, 0, &bytes[0], &bytes[1], &bytes[2]);
     if (st) return st;
     spec = round_to_boundary(static_cast<Nox64u>(bytes[0]));
     init = round_to_boundary(static_cast<Nox64u>(bytes[1]));

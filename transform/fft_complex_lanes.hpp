@@ -96,6 +96,18 @@ NOX_INLINE void dft(Split<V> (&x)[8]) {
   x[7] = sub_turned<Inverse>(even[3], odd[3]);
 }
 
+// The same value, in a register: with eight of them the compiler would load a value again at each use, or keep it on
+// the stack meanwhile, and loads are what the passes have most of.
+template <class V>
+NOX_INLINE V held(V a) {
+  asm volatile("" : "+x"(a.v));
+  return a;
+}
+template <class V>
+NOX_INLINE Split<V> held(Split<V> a) {
+  return {held(a.re), held(a.im)};
+}
+
 // ---- memory
 template <class V>
 NOX_INLINE Split<V> load_split(const Nox64f* p) {

@@ -20,9 +20,10 @@ NOX_INLINE void halved_butterflies(const Nox64f* src, size_t from, size_t fromOn
   for (size_t k = 0; k < count; k += V::N) {
     const auto twiddle = [&](int slot) { return load_twiddles<V, kHalvedGroup>(twiddles + slot); };
     {
-      const Split<V> a = load_split<V>(src), b = turned<Inverse>(load_split<V>(src + from), twiddle(0), twiddle(2));
-      const Split<V> c = load_split<V>(src + 2 * from);
-      const Split<V> d = turned<Inverse>(load_split<V>(src + 3 * from), twiddle(0), twiddle(2));
+      const Split<V> a = held(load_split<V>(src)),
+                     b = turned<Inverse>(held(load_split<V>(src + from)), twiddle(0), twiddle(2));
+      const Split<V> c = held(load_split<V>(src + 2 * from));
+      const Split<V> d = turned<Inverse>(held(load_split<V>(src + 3 * from)), twiddle(0), twiddle(2));
       const Split<V> odd = turned<Inverse>(c + d, twiddle(4), twiddle(6));
       const Split<V> oddOn = turned<Inverse>(c - d, twiddle(4), twiddle(6));
       store_joined(dst, (a + b) + odd);
@@ -33,9 +34,10 @@ NOX_INLINE void halved_butterflies(const Nox64f* src, size_t from, size_t fromOn
     {
       const Nox64f* const on = src + fromOn;
       Nox64f* const out = dst + toOn;
-      const Split<V> a = load_split<V>(on), b = turned<Inverse>(load_split<V>(on + from), twiddle(0), twiddle(2));
-      const Split<V> c = load_split<V>(on + 2 * from);
-      const Split<V> d = turned<Inverse>(load_split<V>(on + 3 * from), twiddle(0), twiddle(2));
+      const Split<V> a = held(load_split<V>(on)),
+                     b = turned<Inverse>(held(load_split<V>(on + from)), twiddle(0), twiddle(2));
+      const Split<V> c = held(load_split<V>(on + 2 * from));
+      const Split<V> d = turned<Inverse>(held(load_split<V>(on + 3 * from)), twiddle(0), twiddle(2));
       const Split<V> odd = eighth_turn<Inverse>(turned<Inverse>(add_turned<Inverse>(c, d), twiddle(4), twiddle(6)));
       const Split<V> oddOn = eighth_turn<Inverse>(turned<Inverse>(sub_turned<Inverse>(c, d), twiddle(4), twiddle(6)));
       const Split<V> even = add_turned<Inverse>(a, b), evenOn = sub_turned<Inverse>(a, b);

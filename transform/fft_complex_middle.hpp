@@ -20,14 +20,25 @@ template <bool Inverse, class C>
 NOX_INLINE C turned_eighth(C a) {
   return complex<C>(parts(a + turned_quarter<Inverse>(a)) * parts_of<C>::all(0.7071067811865476));
 }
-// Four values in bit-reversed order.
-template <bool Inverse, class C>
-NOX_INLINE void first_four(C& x0, C& x1, C& x2, C& x3) {
-  const C a = x0 + x1, b = x0 - x1, c = x2 + x3, d = turned_quarter<Inverse>(x2 - x3);
-  x0 = a + c;
-  x1 = b + d;
-  x2 = a - c;
-  x3 = b - d;
+// The transform of four values in bit-reversed order, which leg(j) loads.
+template <bool Inverse, class C, class Leg>
+NOX_INLINE void first_four(C (&x)[4], Leg&& leg) {
+  x[0] = held(leg(0)), x[1] = held(leg(1));
+  const C a = held(x[0] + x[1]), b = held(x[0] - x[1]);
+  x[2] = held(leg(2)), x[3] = held(leg(3));
+  const C c = held(x[2] + x[3]), d = held(turned_quarter<Inverse>(x[2] - x[3]));
+  x[0] = a + c;
+  x[1] = b + d;
+  x[2] = a - c;
+  x[3] = b - d;
+}
+// Those of the odd values of eight, turned for the transform of eight.
+template <bool Inverse, class C, class Leg>
+NOX_INLINE void late_four(C (&y)[4], Leg&& leg) {
+  first_four<Inverse>(y, leg);
+  y[1] = turned_eighth<Inverse>(y[1]);
+  y[2] = turned_quarter<Inverse>(y[2]);
+  y[3] = turned_eighth<Inverse>(turned_quarter<Inverse>(y[3]));
 }
 
 // Results of four legs as split groups; of two butterflies, the second's `apart` doubles behind the first's.
@@ -46,65 +57,88 @@ NOX_INLINE void store_four(Nox64f* d, size_t apart, C64x2 a, C64x2 b, C64x2 c, C
 }
 #endif
 
-// The butterfly of 4, or 8, legs in bit-reversed order; leg(j) loads leg j, of two butterflies where a vector holds
-// two.
-template <bool Inverse, int Radix, class Leg>
-NOX_INLINE void first_butterfly(Nox64f* d, size_t apart, Leg&& leg) {
-  using C = c64::vec;
-  if constexpr (Radix == 4) {
-    C x0 = leg(0), x1 = leg(1), x2 = leg(2), x3 = leg(3);
-    first_four<Inverse>(x0, x1, x2, x3);
-    store_four(d, apart, x0, x1, x2, x3);
-  } else {
-    C y0 = leg(4), y1 = leg(5), y2 = leg(6), y3 = leg(7);
-    first_four<Inverse>(y0, y1, y2, y3);
-    y1 = turned_eighth<Inverse>(y1);
-    y2 = turned_quarter<Inverse>(y2);
-    y3 = turned_eighth<Inverse>(turned_quarter<Inverse>(y3));
-    C x0 = leg(0), x1 = leg(1), x2 = leg(2), x3 = leg(3);
-    first_four<Inverse>(x0, x1, x2, x3);
-    store_four(d, apart, x0 + y0, x1 + y1, x2 + y2, x3 + y3);
-    store_four(d + 8, apart, x0 - y0, x1 - y1, x2 - y2, x3 - y3);
+// Eight results, from the even values' transform x and the late one's, whose value j y(j) loads; two by two for the
+// sake of the few registers.
+template <class Late>
+NOX_INLINE void store_eight(Nox64f* d, size_t, const C64x1 (&x)[4], Late&& y) {
+#pragma GCC unroll 2
+  for (int j = 0; j < 4; j += 2, d += 4) {
+    const C64x1 a0 = x[j] + y(j), b0 = x[j] - y(j), a1 = x[j + 1] + y(j + 1), b1 = x[j + 1] - y(j + 1);
+    store_as<Form::Split>(d, Split<F64x2>{low_halves(parts(a0), parts(a1)), high_halves(parts(a0), parts(a1))});
+    store_as<Form::Split>(d + 8, Split<F64x2>{low_halves(parts(b0), parts(b1)), high_halves(parts(b0), parts(b1))});
   }
 }
+#if NOX_LEVEL >= 3
+template <class Late>
+NOX_INLINE void store_eight(Nox64f* d, size_t apart, const C64x2 (&x)[4], Late&& y) {
+  store_four(d, apart, x[0] + y(0), x[1] + y(1), x[2] + y(2), x[3] + y(3));
+  store_four(d + 8, apart, x[0] - y(0), x[1] - y(1), x[2] - y(2), x[3] - y(3));
+}
+#endif
 
-// From this order on the eight legs of a butterfly stand whole pages apart.
-constexpr int kPageLegs = 11;
 // From the source in bit-reversed order. Four neighbours there belong to butterflies whose results are quarters of the
-// array apart, and are taken together: a line of cache is read once.
-template <bool Inverse, int Radix, bool Ahead>
+// array apart, and are taken together: a line of cache is read once. Of eight legs the odd four are done first, for all
+// neighbours: in long arrays the legs stand whole pages apart, and with the results' they would take more lines of one
+// cache set than it has.
+template <bool Inverse, int Radix>
 NOX_INLINE void reversing_pass(const Nox64f* src, Nox64f* dst, int order, const Nox32u* table) {
   using C = c64::vec;
-  constexpr size_t kSize = 2 * Radix;
-  const size_t half = size_t{1} << order, quarter = half / 2, eighth = half / 4;
-  for (size_t m = 0; m < half / (4 * Radix); ++m, dst += kSize) {
+  const size_t half = size_t{1} << order, quarter = half / 2, eighth = half / 4, last = half + quarter;
+  for (size_t m = 0; m < half / (4 * Radix); ++m, dst += 2 * Radix) {
+    const auto legs = [=](const Nox64f* first) NOX_INLINED {
+      return [=](int j) NOX_INLINED {
+        return complex<C>(f64::vec::load(first + (j == 0 ? 0 : j == 1 ? half : j == 2 ? quarter : last)));
+      };
+    };
     const Nox64f* const from = src + table[Radix / 4 * m];
-    const auto leg = [=](int j) { return from + (j & 1 ? half : 0) + (j & 2 ? quarter : 0) + (j & 4 ? eighth : 0); };
-    // Eight lines whole pages apart fill all ways of a cache set, and the results would push them out before they are
-    // used up: they are read ahead.
-    alignas(32) Nox64f lines[8][8];
-    if constexpr (Ahead)
-      for (int j = 0; j < 8; ++j)
-        for (int h = 0; h < 8; h += f64::vec::N) f64::vec::load(leg(j) + h).store(lines[j] + h);
-    for (size_t h = 0; h < 4; h += C::N)
-      first_butterfly<Inverse, Radix>(dst + (h & 1 ? half : 0) + (h & 2 ? quarter : 0), half, [&](int j) {
-        return complex<C>(f64::vec::load((Ahead ? lines[j] : leg(j)) + 2 * h));
-      });
+    alignas(32) Nox64f late[4 * 8];
+    if constexpr (Radix == 8)
+      for (size_t h = 0; h < 4; h += C::N) {
+        C y[4];
+        late_four<Inverse>(y, legs(from + eighth + 2 * h));
+#pragma GCC unroll 4
+        for (size_t j = 0; j < 4; ++j) parts(y[j]).store(late + 8 * h + f64::vec::N * j);
+      }
+    Nox64f* to = dst;
+#pragma GCC unroll 4
+    for (size_t h = 0; h < 4; h += C::N) {
+      C x[4];
+      first_four<Inverse>(x, legs(from + 2 * h));
+      if constexpr (Radix == 8)
+        store_eight(to, half, x, [&](int j) NOX_INLINED {
+          return complex<C>(load_at_boundary<f64::vec>(late + 8 * h + f64::vec::N * static_cast<size_t>(j)));
+        });
+      else
+        store_four(to, half, x[0], x[1], x[2], x[3]);
+      const ptrdiff_t near = static_cast<ptrdiff_t>(quarter), far = static_cast<ptrdiff_t>(half);
+      to += C::N == 2 ? near : h % 2 == 0 ? far : near - far;
+    }
   }
 }
 // In place on data in bit-reversed order.
 template <bool Inverse, int Radix>
 NOX_INLINE void ordered_pass(Nox64f* data, int order) {
+  using C = c64::vec;
   constexpr size_t kSize = 2 * Radix;
-  for (Nox64f *p = data, *const end = data + (size_t{2} << order); p < end; p += c64::vec::N * kSize)
-    first_butterfly<Inverse, Radix>(p, kSize, [p](int j) {
-      const Nox64f* const leg = p + 2 * j;
+  const auto legs = [](const Nox64f* first) NOX_INLINED {
+    return [=](int j) NOX_INLINED {
+      const Nox64f* const leg = first + 2 * j;
 #if NOX_LEVEL >= 3
       return C64x2{_mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(leg)), _mm_loadu_pd(leg + kSize), 1)};
 #else
       return C64x1{_mm_loadu_pd(leg)};
 #endif
-    });
+    };
+  };
+  for (Nox64f *p = data, *const end = data + (size_t{2} << order); p < end; p += C::N * kSize) {
+    C x[4], y[4];
+    if constexpr (Radix == 8) late_four<Inverse>(y, legs(p + 8));
+    first_four<Inverse>(x, legs(p));
+    if constexpr (Radix == 8)
+      store_eight(p, kSize, x, [&](int j) NOX_INLINED { return y[j]; });
+    else
+      store_four(p, kSize, x[0], x[1], x[2], x[3]);
+  }
 }
 
 // ---- radix-4 passes
@@ -113,13 +147,16 @@ template <bool Inverse, Form form>
 NOX_INLINE void butterflies(const Nox64f* src, size_t from, Nox64f* dst, size_t to, const Nox64f* twiddles,
                             size_t count) {
   using V = f64::vec;
-  for (size_t k = 0; k < count; k += V::N) {
+  const Nox64f* const end = twiddles + count / 2 * kTwiddleGroup;
+  const size_t three = 3 * from;
+  do {
     const auto twiddle = [&](int slot) { return load_twiddles<V, kTwiddleGroup>(twiddles + slot); };
     // The legs stand in bit-reversed order: the second one is that of the even elements.
-    const Split<V> x1 = turned<Inverse>(load_split<V>(src + 2 * from), twiddle(0), twiddle(2));
-    const Split<V> x3 = turned<Inverse>(load_split<V>(src + 3 * from), twiddle(8), twiddle(10));
+    const Split<V> x1 = turned<Inverse>(held(load_split<V>(src + 2 * from)), held(twiddle(0)), held(twiddle(2)));
+    const Split<V> x3 = turned<Inverse>(held(load_split<V>(src + three)), twiddle(8), twiddle(10));
     const Split<V> c = x1 + x3, d = x1 - x3;
-    const Split<V> x2 = turned<Inverse>(load_split<V>(src + from), twiddle(4), twiddle(6)), x0 = load_split<V>(src);
+    const Split<V> x2 = turned<Inverse>(held(load_split<V>(src + from)), twiddle(4), twiddle(6));
+    const Split<V> x0 = held(load_split<V>(src));
     const Split<V> a = x0 + x2, b = x0 - x2;
     store_as<form>(dst, a + c);
     store_as<form>(dst + 2 * to, a - c);
@@ -128,7 +165,7 @@ NOX_INLINE void butterflies(const Nox64f* src, size_t from, Nox64f* dst, size_t 
     src += 2 * V::N;
     dst += 2 * V::N;
     twiddles += V::N / 2 * kTwiddleGroup;
-  }
+  } while (twiddles != end);
 }
 
 // All passes but the first; the last one goes from `target` to dst.
@@ -148,11 +185,9 @@ template <bool Inverse>
 void middle(const Nox64f* src, Nox64f* dst, int order, const Nox64f* twiddles, const Nox32u* reversal, Nox64f* work) {
   Nox64f* const target = src != dst && reinterpret_cast<uintptr_t>(dst) % 16 == 0 ? dst : work;
   if (order % 2 == 0)
-    reversing_pass<Inverse, 4, false>(src, target, order, reversal);
-  else if (order < kPageLegs)
-    reversing_pass<Inverse, 8, false>(src, target, order, reversal);
+    reversing_pass<Inverse, 4>(src, target, order, reversal);
   else
-    reversing_pass<Inverse, 8, true>(src, target, order, reversal);
+    reversing_pass<Inverse, 8>(src, target, order, reversal);
   later_passes<Inverse, Form::Joined>(target, dst, order, twiddles);
 }
 

@@ -83,9 +83,9 @@ TEST_P(Convolution, ChoosesByTheLengths) {
   constexpr struct {
     Lengths l;
     int algType, points;
-  } kCases[] = {{{256, 256}, NOX_ALG_AUTO, 0},  {{64, 449}, NOX_ALG_AUTO, 256}, {{449, 63}, NOX_ALG_AUTO, 0},
-                {{191, 64}, NOX_ALG_FFT, 256},  {{192, 64}, NOX_ALG_FFT, 256},  {{299, 100}, NOX_ALG_FFT, 512},
-                {{600, 200}, NOX_ALG_FFT, 1024}, {{599, 200}, NOX_ALG_FFT, 1024}, {{1, 1}, NOX_ALG_FFT, 1},
+  } kCases[] = {{{256, 256}, NOX_ALG_AUTO, 0},    {{64, 449}, NOX_ALG_AUTO, 256},    {{449, 63}, NOX_ALG_AUTO, 0},
+                {{191, 64}, NOX_ALG_FFT, 256},    {{192, 64}, NOX_ALG_FFT, 256},     {{299, 100}, NOX_ALG_FFT, 512},
+                {{600, 200}, NOX_ALG_FFT, 1024},  {{599, 200}, NOX_ALG_FFT, 1024},   {{1, 1}, NOX_ALG_FFT, 1},
                 {{5000, 128}, NOX_ALG_AUTO, 512}, {{5000, 129}, NOX_ALG_AUTO, 1024}, {{9, 9}, 0x301, 0}};
   for (const auto& c : kCases) {
     const int wide = buffer_size(c.l, c.algType), narrow = buffer_size(c.l, c.algType, NOX_TYPE_32F);
