@@ -1,113 +1,82 @@
-// The smallest transforms: straight-line code for each order, with and without a scale.
+// The smallest transforms: code for each order alone, with and without a scale.
 //
-// N = R * C: transforms of R over every C-th element, side by side in lanes; twiddles; a transposition in registers;
-// transforms of C, whose results come out in natural order. All is read before anything is written.
+// Up to eight elements stay in registers, each in one of its own. Above, the passes of the middle range run through a
+// buffer on the stack with constant tables. All is read before anything is written.
 #pragma once
-#include "transform/fft_complex_tables.hpp"
+#include "transform/fft_complex_middle.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
 
 using FftDirect = void (*)(const Nox64f* src, Nox64f* dst, Nox64f scale);
 
-constexpr int order_of(size_t n) { return n == 1 ? 0 : 1 + order_of(n / 2); }
-
-// exp(-2*pi*i*j*k/N), for row k and column j.
-template <size_t R, size_t C>
-struct DirectTwiddles {
-  alignas(32) Nox64f c[R][C], s[R][C];
-  constexpr DirectTwiddles() : c{}, s{} {
-    const Wave wave = constant_wave(order_of(R * C));
-    for (size_t k = 0; k < R; ++k)
-      for (size_t j = 0; j < C; ++j) {
-        c[k][j] = wave.cosine(j * k);
-        s[k][j] = -wave.sine(j * k);
-      }
-  }
-};
-template <size_t R, size_t C>
-constexpr DirectTwiddles<R, C> kDirectTwiddles;
-
-NOX_INLINE void transpose(F64x2* a) {
-  const F64x2 x = a[0], y = a[1];
-  a[0] = low_halves(x, y);
-  a[1] = high_halves(x, y);
-}
-#if NOX_LEVEL >= 3
-NOX_INLINE void transpose(F64x4* a) {
-  const F64x4 even01 = low_halves(a[0], a[1]), odd01 = high_halves(a[0], a[1]);
-  const F64x4 even23 = low_halves(a[2], a[3]), odd23 = high_halves(a[2], a[3]);
-  a[0] = {_mm256_permute2f128_pd(even01.v, even23.v, 0x20)};
-  a[1] = {_mm256_permute2f128_pd(odd01.v, odd23.v, 0x20)};
-  a[2] = {_mm256_permute2f128_pd(even01.v, even23.v, 0x31)};
-  a[3] = {_mm256_permute2f128_pd(odd01.v, odd23.v, 0x31)};
-}
-#endif
-
-template <bool Inverse, bool Scaled, size_t R, size_t C, class V>
-void direct_grid(const Nox64f* src, Nox64f* dst, Nox64f scale) {
-  constexpr size_t kLanes = V::N;
-  static_assert(R % kLanes == 0 && C % kLanes == 0, "whole vectors of rows and of columns");
-  Split<V> grid[C / kLanes][R];
-#pragma GCC unroll 8
-  for (size_t j = 0; j < C; j += kLanes) {
-    Split<V>(&x)[R] = grid[j / kLanes];
-#pragma GCC unroll 8
-    for (size_t a = 0; a < R; ++a) x[a] = load_joined<V>(src + 2 * (C * a + j));
-    dft<Inverse>(x);
-#pragma GCC unroll 8
-    for (size_t k = 1; k < R; ++k)
-      x[k] = turned<Inverse>(x[k], load_at_boundary<V>(kDirectTwiddles<R, C>.c[k] + j),
-                             load_at_boundary<V>(kDirectTwiddles<R, C>.s[k] + j));
-  }
-#pragma GCC unroll 8
-  for (size_t k = 0; k < R; k += kLanes) {
-    Split<V> x[C];
-#pragma GCC unroll 8
-    for (size_t j = 0; j < C; j += kLanes) {
-      V re[kLanes], im[kLanes];
-#pragma GCC unroll 4
-      for (size_t i = 0; i < kLanes; ++i) {
-        re[i] = grid[j / kLanes][k + i].re;
-        im[i] = grid[j / kLanes][k + i].im;
-      }
-      transpose(re);
-      transpose(im);
-#pragma GCC unroll 4
-      for (size_t i = 0; i < kLanes; ++i) x[j + i] = {re[i], im[i]};
-    }
-    dft<Inverse>(x);
-#pragma GCC unroll 8
-    for (size_t a = 0; a < C; ++a) store_joined(dst + 2 * (R * a + k), Scaled ? scaled(x[a], V::all(scale)) : x[a]);
-  }
+// The factors of what is read: one, or the scale.
+template <bool Scaled, class V>
+NOX_INLINE V taken(V a, V scale) {
+  if constexpr (Scaled)
+    return a * scale;
+  else
+    return a;
 }
 
-// Up to four elements, each in a lane of its own.
 template <bool Inverse, bool Scaled, int Order>
 void direct_line(const Nox64f* src, Nox64f* dst, Nox64f scale) {
-  constexpr int kLength = 1 << Order;
-  Split<F64x1> x[kLength];
+  using C = C64x1;
+  const F64x2 by = F64x2::all(scale);
+  const auto leg = [=](int i) NOX_INLINED { return complex<C>(taken<Scaled>(F64x2::load(src + 2 * i), by)); };
+  const auto put = [=](int i, C x) NOX_INLINED { parts(x).store(dst + 2 * i); };
+  if constexpr (Order == 0) {
+    put(0, leg(0));
+  } else if constexpr (Order == 1) {
+    const C a = leg(0), b = leg(1);
+    put(0, a + b);
+    put(1, a - b);
+  } else if constexpr (Order == 2) {
+    C x[4];
+    first_four<Inverse>(x, [=](int j) NOX_INLINED { return leg((j & 1) * 2 + j / 2); });
+    put(0, x[0]), put(1, x[1]), put(2, x[2]), put(3, x[3]);
+  } else {
+    static_assert(Order == 3);
+    C x[4], y[4];
+    late_four<Inverse>(y, [=](int j) NOX_INLINED { return leg((j & 1) * 4 + j / 2 * 2 + 1); });
+    first_four<Inverse>(x, [=](int j) NOX_INLINED { return leg((j & 1) * 4 + j / 2 * 2); });
 #pragma GCC unroll 4
-  for (int i = 0; i < kLength; ++i) x[i] = {F64x1::load(src + 2 * i), F64x1::load(src + 2 * i + 1)};
-  if constexpr (Order > 0) dft<Inverse>(x);
-#pragma GCC unroll 4
-  for (int i = 0; i < kLength; ++i) {
-    if constexpr (Scaled) x[i] = scaled(x[i], F64x1::all(scale));
-    x[i].re.store(dst + 2 * i);
-    x[i].im.store(dst + 2 * i + 1);
+    for (int j = 0; j < 4; ++j) {
+      put(j, x[j] + y[j]);
+      put(j + 4, x[j] - y[j]);
+    }
   }
+}
+
+template <int Order>
+struct DirectTables {
+  static constexpr int kLast = 1 << (Order - 2);  // butterflies of the last pass; a fourth as many of each before it
+  alignas(32) Nox64f stages[(kLast + kLast / 4) * kTwiddleGroup / 2];
+  Nox32u reversal[kLast + 1];
+  constexpr DirectTables() : stages{}, reversal{} {
+    fill_stages(stages, constant_wave(Order), Order);
+    fill_reversal(reversal, Order);
+  }
+};
+template <int Order>
+constexpr DirectTables<Order> kDirectTables;
+
+template <bool Inverse, bool Scaled, int Order>
+void direct_passes(const Nox64f* src, Nox64f* dst, Nox64f scale) {
+  using V = f64::vec;
+  alignas(32) Nox64f work[2 << Order];
+  const V by = V::all(scale);
+  reversing_pass<Inverse, Order % 2 == 0 ? 4 : 8>(src, work, Order, kDirectTables<Order>.reversal,
+                                                  [=](V a) NOX_INLINED { return taken<Scaled>(a, by); });
+  later_passes<Inverse, Form::Joined>(work, dst, Order, kDirectTables<Order>.stages);
 }
 
 template <bool Inverse, bool Scaled>
 constexpr FftDirect kDirect[] = {
-    direct_line<Inverse, Scaled, 0>,
-    direct_line<Inverse, Scaled, 1>,
-    direct_line<Inverse, Scaled, 2>,
-    direct_grid<Inverse, Scaled, 4, 2, F64x2>,
-    direct_grid<Inverse, Scaled, 4, 4, f64::vec>,
-    direct_grid<Inverse, Scaled, 8, 4, f64::vec>,
+    direct_line<Inverse, Scaled, 0>,   direct_line<Inverse, Scaled, 1>,   direct_line<Inverse, Scaled, 2>,
+    direct_line<Inverse, Scaled, 3>,   direct_passes<Inverse, Scaled, 4>, direct_passes<Inverse, Scaled, 5>,
 #if NOX_LEVEL >= 3
-    direct_grid<Inverse, Scaled, 8, 8, f64::vec>,
+    direct_passes<Inverse, Scaled, 6>,
 #endif
 };
 static_assert(sizeof(kDirect<false, false>) / sizeof(FftDirect) == fft_variant.directLast + 1,

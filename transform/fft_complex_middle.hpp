@@ -79,15 +79,15 @@ NOX_INLINE void store_eight(Nox64f* d, size_t apart, const C64x2 (&x)[4], Late&&
 // From the source in bit-reversed order. Four neighbours there belong to butterflies whose results are quarters of the
 // array apart, and are taken together: a line of cache is read once. Of eight legs the odd four are done first, for all
 // neighbours: in long arrays the legs stand whole pages apart, and with the results' they would take more lines of one
-// cache set than it has.
-template <bool Inverse, int Radix>
-NOX_INLINE void reversing_pass(const Nox64f* src, Nox64f* dst, int order, const Nox32u* table) {
+// cache set than it has. What is read passes through `take`.
+template <bool Inverse, int Radix, class Take>
+NOX_INLINE void reversing_pass(const Nox64f* src, Nox64f* dst, int order, const Nox32u* table, Take take) {
   using C = c64::vec;
   const size_t half = size_t{1} << order, quarter = half / 2, eighth = half / 4, last = half + quarter;
   for (size_t m = 0; m < half / (4 * Radix); ++m, dst += 2 * Radix) {
     const auto legs = [=](const Nox64f* first) NOX_INLINED {
       return [=](int j) NOX_INLINED {
-        return complex<C>(f64::vec::load(first + (j == 0 ? 0 : j == 1 ? half : j == 2 ? quarter : last)));
+        return complex<C>(take(f64::vec::load(first + (j == 0 ? 0 : j == 1 ? half : j == 2 ? quarter : last))));
       };
     };
     const Nox64f* const from = src + table[Radix / 4 * m];
@@ -184,10 +184,11 @@ NOX_INLINE void later_passes(Nox64f* target, Nox64f* dst, int order, const Nox64
 template <bool Inverse>
 void middle(const Nox64f* src, Nox64f* dst, int order, const Nox64f* twiddles, const Nox32u* reversal, Nox64f* work) {
   Nox64f* const target = src != dst && reinterpret_cast<uintptr_t>(dst) % 16 == 0 ? dst : work;
+  const auto as_it_is = [](f64::vec a) NOX_INLINED { return a; };
   if (order % 2 == 0)
-    reversing_pass<Inverse, 4>(src, target, order, reversal);
+    reversing_pass<Inverse, 4>(src, target, order, reversal, as_it_is);
   else
-    reversing_pass<Inverse, 8>(src, target, order, reversal);
+    reversing_pass<Inverse, 8>(src, target, order, reversal, as_it_is);
   later_passes<Inverse, Form::Joined>(target, dst, order, twiddles);
 }
 

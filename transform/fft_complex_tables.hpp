@@ -8,7 +8,7 @@ namespace nox {
 inline namespace NOX_VARIANT {
 
 // The twiddle exp(-2*pi*i*k/2^order) of butterflies k and k + 1: two cosines, two negated sines.
-NOX_INLINE Nox64f* put_twiddles(Nox64f* d, const Wave& wave, int order, size_t k, size_t step) {
+constexpr Nox64f* put_twiddles(Nox64f* d, const Wave& wave, int order, size_t k, size_t step) {
   const int finer = wave.order - order;
   const size_t first = (step * k) << finer, second = (step * (k + 1)) << finer;
   d[0] = wave.cosine(first);
@@ -18,13 +18,13 @@ NOX_INLINE Nox64f* put_twiddles(Nox64f* d, const Wave& wave, int order, size_t k
   return d + 4;
 }
 // What the radix-4 butterflies k and k + 1 of a stage of 2^order elements need.
-NOX_INLINE Nox64f* put_group(Nox64f* d, const Wave& wave, int order, size_t k) {
+constexpr Nox64f* put_group(Nox64f* d, const Wave& wave, int order, size_t k) {
   for (size_t step = 1; step <= 3; ++step) d = put_twiddles(d, wave, order, k, step);
   return d;
 }
 
 // Middle range: the stages of a transform of 2^order elements, in the order of the passes.
-inline void fill_stages(Nox64f* d, const Wave& wave, int order) {
+constexpr void fill_stages(Nox64f* d, const Wave& wave, int order) {
   for (int stage = 4 + order % 2; stage <= order; stage += 2)
     for (size_t k = 0; k < size_t{1} << (stage - 2); k += 2) d = put_group(d, wave, stage, k);
 }
@@ -49,7 +49,7 @@ inline Nox64f* fill_columns(Nox64f* d, const Wave& wave, int order, bool halved)
 
 // Calls put(i, r) with the reversal r of each i of `count`, a power of 2, upwards: a counter that carries downwards.
 template <class Put>
-NOX_INLINE void count_reversed(Nox32u count, Put&& put) {
+constexpr void count_reversed(Nox32u count, Put&& put) {
   Nox32u reversed = 0;
   put(Nox32u{0}, reversed);
   for (Nox32u i = 1; i < count; ++i) {
@@ -61,7 +61,7 @@ NOX_INLINE void count_reversed(Nox32u count, Put&& put) {
 }
 
 // Entry i is the place, in doubles, of the element that comes to the front of the i-th group of four; a 0 ends it.
-inline void fill_reversal(Nox32u* d, int order) {
+constexpr void fill_reversal(Nox32u* d, int order) {
   const Nox32u count = Nox32u{1} << (order - 2);
   count_reversed(count, [d](Nox32u i, Nox32u r) { d[i] = 2 * r; });
   d[count] = 0;

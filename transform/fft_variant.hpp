@@ -1,9 +1,9 @@
 // What differs between the builds in the complex transform, as data: one constexpr record each. The build that makes
 // plans has none.
 //
-// Orders up to directLast run straight-line code, those up to middleLast stay in cache from end to end; a larger one is
-// cut into 2^s rows whose columns are then joined in blocks that fill 2^t elements of work memory. The numbers follow
-// the caches of the processors that a build is for.
+// Orders up to directLast have routines of their own, those up to middleLast stay in cache from end to end; a larger
+// one is cut into 2^s rows whose columns are then joined in blocks that fill 2^t elements of work memory. The numbers
+// follow the caches of the processors that a build is for.
 #pragma once
 #include "core/variant.hpp"
 #include "nox/types.h"
@@ -17,7 +17,7 @@ struct FftCut {
 };
 
 struct FftVariant {
-  int directLast;    // largest order of the straight-line routines
+  int directLast;    // largest order that has a routine of its own
   int middleLast;    // largest order that runs without columns
   int tiledFrom;     // smallest order reversed by tiles
   Nox32u copied;     // orders that out of place are copied and then reversed in place, a bit each
