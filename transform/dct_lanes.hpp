@@ -47,5 +47,14 @@ NOX_INLINE void by_lanes(size_t from, size_t to, Step step) {
   if (k < to) step(F64x1{}, k);
 }
 
+// The same for a step that may be done twice, and at least a vector: the last one goes over what the one before it did.
+template <class Step>
+NOX_INLINE void by_vectors(size_t from, size_t to, Step step) {
+  constexpr size_t kLanes = f64::vec::N;
+  size_t k = from;
+  for (; k + kLanes <= to; k += kLanes) step(f64::vec{}, k);
+  if (k < to) step(f64::vec{}, to - kLanes);
+}
+
 }  // namespace NOX_VARIANT
 }  // namespace nox

@@ -53,12 +53,12 @@ void dct_make_turns(const DctSpec& spec, bool inverse, Nox64fc* turns, size_t co
 void dct_turn_out(const Nox64fc* spectrum, const Nox64fc* turns, Nox64f* d, size_t n) {
   d[0] = spectrum[0].re * turns[0].re;
   d[n / 2] = spectrum[0].im * turns[0].re;
-  by_lanes(1, n / 2, [=](auto lanes, size_t k) { turn_out<decltype(lanes)>(spectrum, turns, d, n, k); });
+  by_vectors(1, n / 2, [=](auto lanes, size_t k) { turn_out<decltype(lanes)>(spectrum, turns, d, n, k); });
 }
 
 void dct_turn_in(const Nox64f* s, const Nox64fc* turns, Nox64fc* spectrum, size_t n) {
   spectrum[0] = {s[0] * turns[0].re, s[n / 2] * turns[0].re};
-  by_lanes(1, n / 2, [=](auto lanes, size_t k) { turn_in<decltype(lanes)>(s, turns, spectrum, n, k); });
+  by_vectors(1, n / 2, [=](auto lanes, size_t k) { turn_in<decltype(lanes)>(s, turns, spectrum, n, k); });
 }
 
 }  // namespace NOX_VARIANT
