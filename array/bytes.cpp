@@ -72,8 +72,15 @@ NOX_INLINE void extreme_with_place(F f, const Nox8u* s, Nox32u n, Nox8u* value, 
 template <Nox32u Step, class D, class S, class Wide, class One>
 NOX_INLINE void convert(const S* s, D* d, Nox32u n, Wide&& wide, One&& one) {
   Nox32u i = 0;
-  if (!overlap(s, n * sizeof(S), d, n * sizeof(D)))
-    for (; n - i >= Step; i += Step) wide(s + i, d + i);
+  if (n >= Step && !overlap(s, n * sizeof(S), d, n * sizeof(D))) {
+#pragma GCC unroll 4
+    for (; n - i >= Step; i += Step) {
+      wide(s + i, d + i);
+      in_order();
+    }
+    if (i < n) wide(s + (n - Step), d + (n - Step));
+    return;
+  }
   for (; i < n; ++i) put_element(d + i, static_cast<D>(one(element_at(s + i))));
 }
 template <class T>
@@ -119,9 +126,22 @@ void NOX_BODY(Sum_8u32s_SFS)(const Nox8u src[], Nox32u n, Nox32s* sum) {
 void NOX_BODY(Max_8u)(const Nox8u src[], Nox32u n, Nox8u* max) { *max = extreme(Larger{}, src, n); }
 void NOX_BODY(Min_8u)(const Nox8u src[], Nox32u n, Nox8u* min) { *min = extreme(Smaller{}, src, n); }
 void NOX_BODY(MaxMin_8u)(const Nox8u src[], Nox32u n, Nox8u* min, Nox8u* max) {
-  const Nox8u least = extreme(Smaller{}, src, n), most = extreme(Larger{}, src, n);
-  *min = least;
-  *max = most;
+  if (n < 16) {
+    const Nox8u least = extreme(Smaller{}, src, n), most = extreme(Larger{}, src, n);
+    *min = least;
+    *max = most;
+    return;
+  }
+  Bytes least = Bytes::load(src + (n - 16)), most = least, low = least, high = least;
+  const auto see = [](Bytes x, Bytes& l, Bytes& m) { l = Smaller{}(l, x), m = Larger{}(m, x); };
+  Nox32u i = 0;
+  for (; n - i >= 64; i += 64) {
+    see(Bytes::load(src + i), least, most), see(Bytes::load(src + i + 16), low, high);
+    see(Bytes::load(src + i + 32), least, most), see(Bytes::load(src + i + 48), low, high);
+  }
+  for (; n - i >= 16; i += 16) see(Bytes::load(src + i), least, most);
+  *min = fold(Smaller{}, Smaller{}(least, low));
+  *max = fold(Larger{}, Larger{}(most, high));
 }
 void NOX_BODY(MaxIndx_8u)(const Nox8u src[], Nox32u n, Nox8u* max, Nox32s* index) {
   extreme_with_place(Larger{}, src, n, max, index);
