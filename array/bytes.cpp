@@ -96,14 +96,36 @@ NOX_INLINE void store_doubles(V128<Nox32s> a, Nox64f* d) {
   _mm_storeu_pd(d + 2, _mm_cvtepi32_pd(_mm_shuffle_epi32(a.v, 0xEE)));
 }
 
-// Rounds to an integer, whichever neighbour the rounding mode in force prefers, then steps to the wanted side. Values
-// from 2^52 on are integers, and those and NaN are passed on.
+// The integer on the wanted side: by the processor's instruction, or rounded to whichever neighbour the rounding mode
+// in force prefers and stepped from there. Zeros come out of the steps without their signs.
+#if NOX_LEVEL >= 2
+template <bool Up>
+NOX_INLINE __m128d stepped(__m128d x) {
+  return _mm_round_pd(x, (Up ? _MM_FROUND_TO_POS_INF : _MM_FROUND_TO_NEG_INF) | _MM_FROUND_NO_EXC);
+}
+#if NOX_LEVEL >= 3
+template <bool Up>
+NOX_INLINE __m256d stepped(__m256d x) {
+  return _mm256_round_pd(x, (Up ? _MM_FROUND_TO_POS_INF : _MM_FROUND_TO_NEG_INF) | _MM_FROUND_NO_EXC);
+}
+#endif
 template <bool Up, class V>
-NOX_INLINE V whole(V x) {
+NOX_INLINE V beside(V x) {
+  return {stepped<Up>(x.v)};
+}
+#else
+template <bool Up, class V>
+NOX_INLINE V beside(V x) {
   const V sign = x & V::all(-0.0), shift = sign | V::all(0x1p52);
   const V near = (x + shift) - shift;
   const V step = Up ? near + ((near < x) & V::all(1.0)) : near - ((x < near) & V::all(1.0));
-  return select(abs(x) < V::all(0x1p52), abs(step) | sign, x);
+  return abs(step) | sign;
+}
+#endif
+// Values from 2^52 on are integers, and those and NaN are passed on.
+template <bool Up, class V>
+NOX_INLINE V whole(V x) {
+  return select(abs(x) < V::all(0x1p52), beside<Up>(x), x);
 }
 
 }  // namespace

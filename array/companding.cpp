@@ -104,9 +104,8 @@ NOX_INLINE void put(Two<Dwords> a, Nox32f* d) {
   _mm_storeu_ps(d + 4, _mm_mul_ps(_mm_cvtepi32_ps(a.high.v), scale));
 }
 NOX_INLINE void put(Two<Dwords> a, Nox64f* d) {
-  const auto two = [d](int i, __m128i x) NOX_INLINED {
-    _mm_storeu_pd(d + i, _mm_mul_pd(_mm_cvtepi32_pd(x), _mm_set1_pd(kDecodeScale)));
-  };
+  const auto two = [d](int i, __m128i x)
+                       NOX_INLINED { _mm_storeu_pd(d + i, _mm_mul_pd(_mm_cvtepi32_pd(x), _mm_set1_pd(kDecodeScale))); };
   two(0, a.low.v), two(2, _mm_shuffle_epi32(a.low.v, 0xEE));
   two(4, a.high.v), two(6, _mm_shuffle_epi32(a.high.v, 0xEE));
 }
@@ -116,7 +115,8 @@ struct Encode {
   template <class T>
   NOX_INLINE void operator()(const T* s, Nox8u* d) const {
     const Words x = samples(s), sign = shift_right(x, 15);
-    const Words size = max(x, Words::zero() - x), magnitude = min(and_not(shift_right(size, 15), size), Words::all(kClip));
+    const Words size = max(x, Words::zero() - x),
+                magnitude = min(and_not(shift_right(size, 15), size), Words::all(kClip));
     const Words code = Law::encode(magnitude, sign);
     _mm_storel_epi64(reinterpret_cast<__m128i*>(d), pack<Nox8u>(code, code).v);
   }

@@ -33,10 +33,9 @@ Family make() {
               SHIFT(Nox16s, noxsRShiftC_16s),
               SHIFT(Nox32s, noxsRShiftC_32s),
               {PRIMITIVE(noxsSwapBytes_16u), kMemory},
-              row<Nox32u>("noxsSwapBytes_24u",  // in the room of 32 bits
-                          [](const Operands* o) {
-                            return noxsSwapBytes_24u(first<Nox8u>(o), destination<Nox8u>(o), o->len);
-                          }),
+              row<Nox32u>(
+                  "noxsSwapBytes_24u",  // in the room of 32 bits
+                  [](const Operands* o) { return noxsSwapBytes_24u(first<Nox8u>(o), destination<Nox8u>(o), o->len); }),
               {PRIMITIVE(noxsSwapBytes_32u)},
               {PRIMITIVE(noxsSwapBytes_64u)},
               {PRIMITIVE(noxsSwapBytes_64u_I)},

@@ -103,9 +103,10 @@ struct Format24 {
   static constexpr bool kCuts = false;
 #if NOX_LEVEL >= 4
   static NOX_INLINE Ints8 take(const Nox8u* p) {
-    const __m256i top = _mm256_shuffle_epi8(_mm256_inserti128_si256(_mm256_castsi128_si256(load_16(p)), load_16(p + 8), 1),
-                                            _mm256_setr_epi8(-1, 0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11,  //
-                                                             -1, 4, 5, 6, -1, 7, 8, 9, -1, 10, 11, 12, -1, 13, 14, 15));
+    const __m256i top =
+        _mm256_shuffle_epi8(_mm256_inserti128_si256(_mm256_castsi128_si256(load_16(p)), load_16(p + 8), 1),
+                            _mm256_setr_epi8(-1, 0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11,  //
+                                             -1, 4, 5, 6, -1, 7, 8, 9, -1, 10, 11, 12, -1, 13, 14, 15));
     return {{{Signed ? _mm256_srai_epi32(top, 8) : _mm256_srli_epi32(top, 8)}}};
   }
   static NOX_INLINE void put(Nox8u* p, Ints8 a) {

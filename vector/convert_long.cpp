@@ -34,9 +34,8 @@ NOX_INLINE Ints8 halves(Longs8 a) {
   return {{{_mm256_permute4x64_epi64(mixed, 0xD8)}}};
 #else
   const auto floats = [](Long x) NOX_INLINED { return _mm_castsi128_ps(x.v); };
-  const auto pair = [=](Long x, Long y) NOX_INLINED {
-    return _mm_castps_si128(_mm_shuffle_ps(floats(x), floats(y), kWhich));
-  };
+  const auto pair = [=](Long x, Long y)
+                        NOX_INLINED { return _mm_castps_si128(_mm_shuffle_ps(floats(x), floats(y), kWhich)); };
   return ints8({pair(a.v[0], a.v[1]), pair(a.v[2], a.v[3])});
 #endif
 }
@@ -110,6 +109,7 @@ extern "C" NoxStatus NOX_BODY(noxsConvert_64s32s_Sfs)(const Nox64s* s, Nox32s* d
     return to_ints(s, d, len, [=](Longs8 x) NOX_INLINED { return multiplied(x, n); });
   }
   if (away) return to_ints(s, d, len, [=](Longs8 x) NOX_INLINED { return divided<noxRndHalfAway>(x, scale); });
-  if (mode == noxRndZero) return to_ints(s, d, len, [=](Longs8 x) NOX_INLINED { return divided<noxRndZero>(x, scale); });
+  if (mode == noxRndZero)
+    return to_ints(s, d, len, [=](Longs8 x) NOX_INLINED { return divided<noxRndZero>(x, scale); });
   return to_ints(s, d, len, [=](Longs8 x) NOX_INLINED { return divided<noxRndNear>(x, scale); });
 }

@@ -1,4 +1,5 @@
-// Conversions to integers, but for those of 64 bits: values are scaled by a power of two, rounded and cut to the range of the destination.
+// Conversions to integers, but for those of 64 bits: values are scaled by a power of two, rounded and cut to the range
+// of the destination.
 #include "vector/convert.hpp"
 
 #include "nox/vector/convert.h"

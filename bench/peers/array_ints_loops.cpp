@@ -10,23 +10,33 @@ using u8 = unsigned char;
 
 struct Larger {
   template <class T>
-  static T of(T a, T b) { return b > a ? b : a; }
+  static T of(T a, T b) {
+    return b > a ? b : a;
+  }
 };
 struct Smaller {
   template <class T>
-  static T of(T a, T b) { return b < a ? b : a; }
+  static T of(T a, T b) {
+    return b < a ? b : a;
+  }
 };
 struct Over {
   template <class T>
-  static T of(T a, T b) { return static_cast<T>(a / b); }
+  static T of(T a, T b) {
+    return static_cast<T>(a / b);
+  }
 };
 struct Under {
   template <class T>
-  static T of(T a, T b) { return static_cast<T>(b / a); }
+  static T of(T a, T b) {
+    return static_cast<T>(b / a);
+  }
 };
 struct Rest {
   template <class T>
-  static T of(T a, T b) { return static_cast<T>(a % b); }
+  static T of(T a, T b) {
+    return static_cast<T>(a % b);
+  }
 };
 struct Down {
   static real of(real a) { return __builtin_floor(a); }
@@ -73,9 +83,7 @@ struct Divide {
                                     int len) {
     for (int i = 0; i < len; ++i) q[i] = static_cast<T>(a[i] / b[i]), r[i] = static_cast<T>(a[i] % b[i]);
   }
-  static void run(const Operands* o) {
-    loop(in<T>(o->a), in<T>(o->b), out<T>(o), static_cast<T*>(o->e), o->len);
-  }
+  static void run(const Operands* o) { loop(in<T>(o->a), in<T>(o->b), out<T>(o), static_cast<T*>(o->e), o->len); }
 };
 
 // Codes of the laws: the segment is the number of the highest bit.

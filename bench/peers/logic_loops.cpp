@@ -10,19 +10,27 @@ using u64 = unsigned long long;
 
 struct And {
   template <class T>
-  static T of(T a, T b) { return static_cast<T>(a & b); }
+  static T of(T a, T b) {
+    return static_cast<T>(a & b);
+  }
 };
 struct Or {
   template <class T>
-  static T of(T a, T b) { return static_cast<T>(a | b); }
+  static T of(T a, T b) {
+    return static_cast<T>(a | b);
+  }
 };
 struct Xor {
   template <class T>
-  static T of(T a, T b) { return static_cast<T>(a ^ b); }
+  static T of(T a, T b) {
+    return static_cast<T>(a ^ b);
+  }
 };
 struct Not {
   template <class T>
-  static T of(T a) { return static_cast<T>(~a); }
+  static T of(T a) {
+    return static_cast<T>(~a);
+  }
 };
 struct Swap {
   static u16 of(u16 a) { return __builtin_bswap16(a); }
