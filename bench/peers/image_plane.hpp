@@ -24,8 +24,7 @@ void pad(const T* s, T* plane, int k, int kind) {
     for (int x = 0; x < across; ++x) {
       const int sy = y - before, sx = x - before;
       const bool inside = sy >= 0 && sy < kSide && sx >= 0 && sx < kSide;
-      plane[y * across + x] =
-          kind == 6 && !inside ? static_cast<T>(kConstant) : s[place(sy) * kSide + place(sx)];
+      plane[y * across + x] = kind == 6 && !inside ? static_cast<T>(kConstant) : s[place(sy) * kSide + place(sx)];
     }
 }
 
