@@ -89,16 +89,17 @@ void border_case(const Shape& s, int border, Edge edge, size_t misalign, bool fu
 
 TEST_P(PlaneFilter, BordersOfEveryKindAtExactMemory) {
   kit::Random random;
-  // The last one's rows collide in the cache: it goes in strips.
-  const Shape shapes[] = {{1, 1, 1, 1},  {3, 3, 1, 1},   {5, 3, 2, 4},     {2, 2, 9, 7},  {3, 3, 8, 5},
-                          {4, 3, 24, 6}, {5, 5, 31, 9},  {7, 2, 50, 8},    {9, 1, 27, 3}, {1, 6, 26, 9},
-                          {7, 7, 8, 40}, {15, 4, 16, 5}, {2, 11, 1018, 14}};
+  const Shape shapes[] = {{1, 1, 1, 1},  {3, 3, 1, 1},  {5, 3, 2, 4},  {2, 2, 9, 7},  {3, 3, 8, 5},  {4, 3, 24, 6},
+                          {5, 5, 31, 9}, {7, 2, 50, 8}, {9, 1, 27, 3}, {1, 6, 26, 9}, {7, 7, 8, 40}, {15, 4, 16, 5}};
   size_t turn = 0;
   for (const Shape& s : shapes)
     for (const int kind : {noxBorderRepl, noxBorderMirror, noxBorderConst})
       for (int sides = 0; sides < 256; sides += 16, ++turn)
         border_case(s, kind | sides, turn % 2 ? Edge::End : Edge::Start, turn % 5, fuses(), random);
   for (const Shape& s : shapes) border_case(s, 240, Edge::End, 0, fuses(), random);
+  // Rows that collide in the cache, which go in strips.
+  for (const int border : {noxBorderRepl | noxBorderInMemTop, noxBorderMirror | noxBorderInMemRight, 0xF0})
+    border_case({2, 11, 1018, 14}, border, Edge::End, 0, fuses(), random);
 }
 
 TEST_P(PlaneFilter, AnchorAtExactMemory) {
