@@ -2,6 +2,7 @@
 // of the destination.
 #include "vector/convert.hpp"
 
+#include "core/rounding.hpp"
 #include "nox/vector/convert.h"
 
 namespace nox {
@@ -41,15 +42,22 @@ NOX_INLINE void real_to_int(const Nox32f* s, Nox32s* d, int len, FloatRange, Rou
   });
 }
 
+// To nearest by the processor's conversion, which asks the control word.
+template <class From, class To, class R, class E>
+__attribute__((noinline)) void to_nearest(const E* s, typename To::elem* d, int len, R range, E factor) {
+  real_to_int<From, To>(s, d, len, range, Near{}, factor);
+}
 template <class From, class To, class R, class E>
 NOX_INLINE NoxStatus by_mode(const E* s, typename To::elem* d, int len, int mode, R range, E factor) {
   if (const NoxStatus st = check(len, s, d)) return st;
-  if (mode == noxRndNear)
-    real_to_int<From, To>(s, d, len, range, Near{}, factor);
-  else if (mode == noxRndZero)
+  if (mode == noxRndNear) {
+    const RoundToNearest nearest;
+    to_nearest<From, To>(s, d, len, range, factor);
+  } else if (mode == noxRndZero) {
     real_to_int<From, To>(s, d, len, range, Cut{}, factor);
-  else
+  } else {
     real_to_int<From, To>(s, d, len, range, HalfAway{}, factor);
+  }
   return noxStsNoErr;
 }
 
