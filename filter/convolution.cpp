@@ -27,14 +27,10 @@ struct ConvolutionPlan {
 NoxStatus convolve_whole(const Spectral<Nox64f>& fft, const Nox64f* a, size_t aLen, const Nox64f* b, size_t bLen,
                          Nox64f* d) {
   Nox64f *const x = fft.data, *const y = x + fft.n;
-  zero_bytes(x + aLen, (fft.n - aLen) * sizeof *x);
-  copy_bytes(x, a, aLen * sizeof *x);
-  if (const NoxStatus st = noxsRealFftFwdPerm(x, x, fft.spec, fft.work)) return st;
-  zero_bytes(y + bLen, (fft.n - bLen) * sizeof *y);
-  copy_bytes(y, b, bLen * sizeof *y);
-  if (const NoxStatus st = noxsRealFftFwdPerm(y, y, fft.spec, fft.work)) return st;
-  noxsMulPerm(x, y, y, static_cast<int>(fft.n));
-  if (const NoxStatus st = noxsRealFftInvPerm(y, y, fft.spec, fft.work)) return st;
+  if (const NoxStatus st = fft.load(x, a, aLen)) return st;
+  if (const NoxStatus st = fft.load(y, b, bLen)) return st;
+  fft.multiply(x, y, y);
+  if (const NoxStatus st = fft.inverse(y)) return st;
   copy_bytes(d, y, (aLen + bLen - 1) * sizeof *d);
   return noxStsNoErr;
 }
@@ -43,17 +39,17 @@ NoxStatus convolve_whole(const Spectral<Nox64f>& fft, const Nox64f* a, size_t aL
 NoxStatus convolve_blocks(const Spectral<Nox64f>& fft, const Nox64f* a, size_t aLen, const Nox64f* b, size_t bLen,
                           Nox64f* d) {
   Nox64f *const x = fft.data, *const y = x + fft.n;
-  zero_bytes(x + bLen, (fft.n - bLen) * sizeof *x);
-  copy_bytes(x, b, bLen * sizeof *x);
-  if (const NoxStatus st = noxsRealFftFwdPerm(x, x, fft.spec, fft.work)) return st;
+  if (const NoxStatus st = fft.load(x, b, bLen)) return st;
   const size_t result = aLen + bLen - 1, step = fft.n - bLen + 1;
   for (size_t q = 0, history = 0; q < result; q += step, history = bLen - 1) {
     const size_t left = aLen - q + history, taken = left < history + step ? left : history + step;
-    zero_bytes(y + taken, (fft.n - taken) * sizeof *y);
-    copy_bytes(y, a + (q - history), taken * sizeof *y);
-    if (const NoxStatus st = noxsRealFftFwdPerm(y, y, fft.spec, fft.work)) return st;
-    noxsMulPerm(x, y, y, static_cast<int>(fft.n));
-    if (const NoxStatus st = noxsRealFftInvPerm(y, y, fft.spec, fft.work)) return st;
+    if (taken == fft.n) {
+      if (const NoxStatus st = fft.forward(a + (q - history), y)) return st;
+    } else if (const NoxStatus st = fft.load(y, a + (q - history), taken)) {
+      return st;
+    }
+    fft.multiply(x, y, y);
+    if (const NoxStatus st = fft.inverse(y)) return st;
     copy_bytes(d + q, y + history, (result - q < step ? result - q : step) * sizeof *d);
   }
   return noxStsNoErr;

@@ -55,7 +55,7 @@ NoxStatus correlate_whole(const Spectral<E>& fft, const E* a, size_t aLen, const
   E *const x = fft.data, *const y = x + fft.n;
   if (const NoxStatus st = fft.load(x, a, aLen)) return st;
   if (const NoxStatus st = fft.load(y, b, bLen, aLen - 1)) return st;
-  SpectralOf<E>::multiply_conj(y, x, y, fft.n);
+  fft.multiply_conj(y, x, y);
   if (const NoxStatus st = fft.inverse(y)) return st;
   copy_bytes(d, y + skip, n * sizeof(E));
   return noxStsNoErr;
@@ -72,11 +72,11 @@ NoxStatus correlate_blocks(const Spectral<E>& fft, const E* a, size_t aLen, cons
   for (size_t done = 0; done < n; done += step, m += step) {
     const size_t zeros = m < past ? past - m : 0, from = m < past ? 0 : m - past, room = fft.n - zeros;
     if (zeros == 0 && bLen - from >= fft.n) {
-      if (const NoxStatus st = SpectralOf<E>::forward(b + from, w, fft.spec, fft.work)) return st;
+      if (const NoxStatus st = fft.forward(b + from, w)) return st;
     } else if (const NoxStatus st = fft.load(w, b + from, bLen - from < room ? bLen - from : room, zeros)) {
       return st;
     }
-    SpectralOf<E>::multiply_conj(w, h, w, fft.n);
+    fft.multiply_conj(w, h, w);
     if (const NoxStatus st = fft.inverse(w)) return st;
     copy_bytes(d + done, w, (n - done < step ? n - done : step) * sizeof(E));
   }

@@ -26,7 +26,7 @@ NoxStatus by_spectrum(const E* s, int srcLen, E* d, int lags, Nox8u* buffer) {
   Spectral<E> fft;
   if (const NoxStatus st = fft.open(buffer, order_of(srcLen))) return st;
   if (const NoxStatus st = fft.load(fft.data, s, static_cast<size_t>(srcLen))) return st;
-  SpectralOf<E>::multiply_conj(fft.data, fft.data, fft.data, fft.n);
+  fft.multiply_conj(fft.data, fft.data, fft.data);
   if (const NoxStatus st = fft.inverse(fft.data)) return st;
   copy_bytes(d, fft.data, static_cast<size_t>(lags) * sizeof(E));
   return noxStsNoErr;

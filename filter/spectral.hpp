@@ -1,10 +1,10 @@
 // A Fourier transform laid down in a caller's work buffer for one call, and arrays of its length behind it.
 //
 // The buffer holds, from its first boundary on: the transform's spec, its init memory, its work memory, each rounded up
-// to a boundary, then the arrays. One code serves real data, whose spectra are packed, and complex data.
+// to a boundary, then the arrays. One code serves real and complex data.
 #pragma once
 #include "core/drivers.hpp"
-#include "transform/fft.hpp"
+#include "transform/fft_real.hpp"
 #include "transform/memory.hpp"
 #include "vector/block.hpp"
 
@@ -29,33 +29,33 @@ struct SpectralMethod {
       : blocks(longer >= 3 * shorter), order(blocks ? log2_up(2 * shorter) + 1 : log2_up(shorter + longer - 1)) {}
 };
 
-// The transform of a kind of elements. Forward runs in place or not; so does inverse, which divides by the length.
-template <class E>
-struct SpectralOf;
-template <>
-struct SpectralOf<Nox64f> {
-  static constexpr auto get_size = noxsRealFftGetSize;
-  static constexpr auto init = noxsRealFftInit;
-  static constexpr auto forward = noxsRealFftFwdPack;
-  static constexpr auto inverse = noxsRealFftInvPack;
-  // d = a * conj(b); d may be a or b
-  static NOX_INLINE void multiply_conj(const Nox64f* a, const Nox64f* b, Nox64f* d, size_t n) {
-    noxsMulPackConjTo(a, b, d, static_cast<int>(n));
-  }
-};
+// The transform of a kind of elements. Real data are transformed as half as many complex values, and their products
+// made of these: the sizes are those of a real transform, whose spec holds the complex one's.
 struct MultiplyByConjugate {
   template <class C>
   NOX_INLINE C operator()(C a, C b) const {
     return split(conj(b)) * a;
   }
 };
+template <class E>
+struct SpectralOf;
+template <>
+struct SpectralOf<Nox64f> {
+  static constexpr auto get_size = noxsRealFftGetSize;
+  static constexpr int complex_order(int order) { return order < 2 ? 0 : order - 1; }
+  // d = a * b, and a * conj(b); d may be a or b
+  static NOX_INLINE void multiply(const Nox64fc* a, const Nox64fc* b, Nox64fc* d, size_t n, const Wave& wave) {
+    multiply_halves(a, b, d, n, wave);
+  }
+  static NOX_INLINE void multiply_conj(const Nox64fc* a, const Nox64fc* b, Nox64fc* d, size_t n, const Wave& wave) {
+    multiply_halves_conj(a, b, d, n, wave);
+  }
+};
 template <>
 struct SpectralOf<Nox64fc> {
   static constexpr auto get_size = noxsCplxFftGetSize;
-  static constexpr auto init = noxsCplxFftInit;
-  static constexpr auto forward = noxsCplxFftFwd;
-  static constexpr auto inverse = noxsCplxFftInv;
-  static NOX_INLINE void multiply_conj(const Nox64fc* a, const Nox64fc* b, Nox64fc* d, size_t n) {
+  static constexpr int complex_order(int order) { return order; }
+  static NOX_INLINE void multiply_conj(const Nox64fc* a, const Nox64fc* b, Nox64fc* d, size_t n, const Wave&) {
     map<c64>(d, static_cast<int>(n), MultiplyByConjugate{}, a, b);
   }
 };
@@ -96,6 +96,7 @@ struct Spectral {
   E* data;   // the first array
   NoxFftSpec* spec;
   Nox8u* work;
+  Wave wave;  // of the complex transform
 
   NOX_INLINE NoxStatus open(Nox8u* buffer, int order) {
     SpectralSizes sizes;
@@ -104,17 +105,34 @@ struct Spectral {
     Nox8u* const init = at + static_cast<size_t>(sizes.spec);
     work = init + static_cast<size_t>(sizes.init);
     data = reinterpret_cast<E*>(work + static_cast<size_t>(sizes.work));
-    n = size_t{1} << order;
-    return SpectralOf<E>::init(&spec, order, NOX_FFT_SCALE_INV_1_N, 0, at, init);
+    const int complex = SpectralOf<E>::complex_order(order);
+    n = (sizeof(Nox64fc) << complex) / sizeof(E);
+    wave = make_wave(complex, reinterpret_cast<Nox64f*>(init));
+    return init_complex(&spec, complex, NOX_FFT_SCALE_INV_1_N, 0, at, init, &wave);
+  }
+  NOX_INLINE NoxStatus forward(const E* s, E* x) const {
+    return noxsCplxFftFwd(reinterpret_cast<const Nox64fc*>(s), pairs(x), spec, work);
   }
   // x[before + i] = s[i], zeros around, and its spectrum.
   NOX_INLINE NoxStatus load(E* x, const E* s, size_t len, size_t before = 0) const {
     zero_bytes(x, before * sizeof(E));
     copy_bytes(x + before, s, len * sizeof(E));
     zero_bytes(x + before + len, (n - before - len) * sizeof(E));
-    return SpectralOf<E>::forward(x, x, spec, work);
+    return forward(x, x);
   }
-  NOX_INLINE NoxStatus inverse(E* x) const { return SpectralOf<E>::inverse(x, x, spec, work); }
+  NOX_INLINE NoxStatus inverse(E* x) const { return noxsCplxFftInv(pairs(x), pairs(x), spec, work); }
+  // d = a * b, and a * conj(b), of spectra; d may be a or b
+  NOX_INLINE void multiply(const E* a, const E* b, E* d) const {
+    SpectralOf<E>::multiply(pairs(a), pairs(b), pairs(d), count(), wave);
+  }
+  NOX_INLINE void multiply_conj(const E* a, const E* b, E* d) const {
+    SpectralOf<E>::multiply_conj(pairs(a), pairs(b), pairs(d), count(), wave);
+  }
+
+ private:
+  static NOX_INLINE Nox64fc* pairs(E* x) { return reinterpret_cast<Nox64fc*>(x); }
+  static NOX_INLINE const Nox64fc* pairs(const E* x) { return reinterpret_cast<const Nox64fc*>(x); }
+  NOX_INLINE size_t count() const { return n * sizeof(E) / sizeof(Nox64fc); }
 };
 
 }  // namespace NOX_VARIANT

@@ -46,6 +46,10 @@ constexpr size_t kFftHeader = 96;
 NOX_HIDDEN NoxStatus noxsCplxFftGetSize(int order, int flag, int hint, int* pSpecSize, int* pInitSize, int* pWorkSize);
 NOX_HIDDEN NoxStatus noxsCplxFftInit(NoxFftSpec** ppSpec, int order, int flag, int hint, Nox8u* pSpecMem,
                                      Nox8u* pInitMem);
+// Init from a wave of the transform's length, where the caller has one; null for one laid down in the init memory.
+struct Wave;
+NOX_HIDDEN NoxStatus init_complex(NoxFftSpec** result, int order, int flag, int hint, Nox8u* memory, Nox8u* init,
+                                  const Wave* wave);
 // In place if pSrc is pDst; pWork may be null where workSize is 0.
 NOX_HIDDEN NoxStatus noxsCplxFftFwd(const Nox64fc* pSrc, Nox64fc* pDst, const NoxFftSpec* pSpec, Nox8u* pWork);
 NOX_HIDDEN NoxStatus noxsCplxFftInv(const Nox64fc* pSrc, Nox64fc* pDst, const NoxFftSpec* pSpec, Nox8u* pWork);

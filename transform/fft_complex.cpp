@@ -147,6 +147,11 @@ NoxStatus noxsCplxFftGetSize(int order, int flag, int, int* pSpecSize, int* pIni
 }
 
 NoxStatus noxsCplxFftInit(NoxFftSpec** ppSpec, int order, int flag, int hint, Nox8u* pSpecMem, Nox8u* pInitMem) {
+  return init_complex(ppSpec, order, flag, hint, pSpecMem, pInitMem, nullptr);
+}
+
+NoxStatus init_complex(NoxFftSpec** ppSpec, int order, int flag, int hint, Nox8u* pSpecMem, Nox8u* pInitMem,
+                       const Wave* wave) {
   if (!ppSpec) return noxStsNullPtrErr;
   if (order < 0 || order > kFftMaxOrder) return noxStsFftOrderErr;
   if (!pSpecMem) return noxStsNullPtrErr;
@@ -156,10 +161,9 @@ NoxStatus noxsCplxFftInit(NoxFftSpec** ppSpec, int order, int flag, int hint, No
   if (!is_flag(flag)) return noxStsFftFlagErr;  // idCtx is 0
   fill_header(spec, order, flag, hint);
   if (order > kConstantWave && !pInitMem) return noxStsNullPtrErr;
-  if (order > fft_variant.directLast) {
-    const Wave wave = make_wave(order, reinterpret_cast<Nox64f*>(aligned(pInitMem)));
-    (order <= fft_variant.middleLast ? fill_middle : fill_large)(spec, wave, memory + kTablesAt);
-  }
+  if (order > fft_variant.directLast)
+    (order <= fft_variant.middleLast ? fill_middle : fill_large)(
+        spec, wave ? *wave : make_wave(order, reinterpret_cast<Nox64f*>(aligned(pInitMem))), memory + kTablesAt);
   *ppSpec = &spec;
   return noxStsNoErr;
 }

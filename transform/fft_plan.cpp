@@ -17,10 +17,11 @@ constexpr size_t kAlign = 64;
 
 constexpr size_t align_up(size_t n) { return (n + kAlign - 1) & ~(kAlign - 1); }
 
+constexpr int kAllWide = 7;  // orders up to here have no narrow tables
 // Whether the pass over sub-transforms of length l has wide twiddle factors: the stated size of a spec has no room for
 // the longest ones, nor at order 10 for all the others, and above the short form spares the cache.
 constexpr bool is_wide(int order, size_t l) {
-  return order <= 7 || (4 * l < size_t{1} << order && (order != 10 || l > 4));
+  return order <= kAllWide || (4 * l < size_t{1} << order && (order != 10 || l > 4));
 }
 
 constexpr size_t passes_bytes(int order) {
@@ -68,24 +69,76 @@ struct Tables {
   Nox64fc root(size_t k) const { return {wave.cosine(k), -wave.sine(k)}; }
 };
 
-// The twiddle factors of the middle and small orders.
-void build_passes(Tables& t) {
-  const size_t n = size_t{1} << t.order;
-  Nox64f* w = reinterpret_cast<Nox64f*>(t.at);
-  for (size_t l = size_t{1} << first_pass_order(t.order); l < n; l *= 4) {
-    const bool wide = is_wide(t.order, l);
-    for (size_t k = 0; k < l; k += 2) {
-      for (size_t j = 1; j <= 3; ++j) {
-        const Nox64fc a = t.root(n / (4 * l) * j * k), b = t.root(n / (4 * l) * j * (k + 1));
-        if (wide) {
-          w[0] = w[1] = a.re, w[2] = w[3] = b.re;
-          w[4] = w[5] = a.im, w[6] = w[7] = b.im;
-        } else {
-          w[0] = a.re, w[1] = a.im, w[2] = b.re, w[3] = b.im;
-        }
-        w += wide ? 8 : 4;
-      }
+// ---- the twiddle factors of the middle and small orders
+// Two neighbouring roots, from places of their own.
+NOX_INLINE C64x2 two_roots(const Nox64f* a, const Nox64f* b) {
+  return {_mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(a)), _mm_loadu_pd(b), 1)};
+}
+NOX_INLINE C64x2 half_turned(C64x2 a) { return {_mm256_xor_pd(a.v, _mm256_set1_pd(-0.0))}; }
+// Forwards by a quarter of the turn, so many times.
+NOX_INLINE C64x2 quarter_turned(C64x2 a, size_t times) {
+  if (times == 2) return half_turned(a);
+  return times == 1 ? conj(swap_parts(a)) : a;
+}
+
+// The last pass in the narrow form. First powers come out of the wave, second and third powers out of the first.
+void build_last_pass(const Wave& wave, Nox64f* w) {
+  constexpr size_t kStep = kTwiddleStep<false>;
+  const size_t l = wave.length() / 4, pairs = l / 2;
+  const Nox64f *sine = wave.quarter, *cosine = sine + l * wave.stride;
+  for (size_t m = 0; m < pairs; ++m, sine += 2 * wave.stride, cosine -= 2 * wave.stride) {
+    const __m128d a = _mm_loadh_pd(_mm_load_sd(cosine), sine);
+    const __m128d b = _mm_loadh_pd(_mm_load_sd(cosine - wave.stride), sine + wave.stride);
+    _mm256_storeu_pd(w + m * kStep, conj(C64x2{_mm256_insertf128_pd(_mm256_castpd128_pd256(a), b, 1)}).v);
+  }
+  const auto first_power = [=](size_t k) NOX_INLINED { return w + k / 2 * kStep + k % 2 * 2; };
+  // The powers of k and k + 1, a pair at a time, pass through as many quarters of the turn as they are multiplied; only
+  // in the third powers does a pair lie in two quarters.
+  for (size_t quarter = 0; quarter < 2; ++quarter)
+    for (size_t m = quarter * pairs / 2; m < (quarter + 1) * pairs / 2; ++m) {
+      const Nox64f* const at = first_power(4 * m - quarter * l);
+      _mm256_storeu_pd(w + m * kStep + 4, quarter_turned(two_roots(at, at + kStep), quarter).v);
     }
+  size_t m = 0;
+  for (size_t quarter = 0; quarter < 3; ++quarter) {
+    const size_t end = (quarter + 1) * l;
+    for (; 6 * m + 3 < end; ++m) {
+      const Nox64f* const at = first_power(6 * m - quarter * l);
+      _mm256_storeu_pd(w + m * kStep + 8, quarter_turned(two_roots(at, at + kStep + 2), quarter).v);
+    }
+    if (6 * m < end) {
+      const C64x2 a = quarter_turned(two_roots(first_power(6 * m - quarter * l), w), quarter);
+      const C64x2 b = quarter_turned(two_roots(w, first_power(6 * m + 3 - end)), quarter + 1);
+      _mm256_storeu_pd(w + m * kStep + 8, _mm256_blend_pd(a.v, b.v, 12));
+      ++m;
+    }
+  }
+}
+
+// A pass over sub-transforms of length l has every so many of the roots of a later pass in the narrow form.
+template <bool Wide>
+void build_pass(const Nox64f* later, size_t every, Nox64f* w, size_t l) {
+  const size_t next = every == 1 ? 2 : every * kTwiddleStep<false> / 2;
+  for (size_t m = 0; m < l / 2; ++m, later += every * kTwiddleStep<false>)
+    for (size_t j = 0; j < 3; ++j) {
+      const C64x2 roots = two_roots(later + 4 * j, later + 4 * j + next);
+      _mm256_storeu_pd(w, Wide ? re_twice(roots).v : roots.v);
+      if (Wide) _mm256_storeu_pd(w + 4, im_twice(roots).v);
+      w += Wide ? 8 : 4;
+    }
+}
+
+void build_passes(Tables& t) {
+  const size_t longest = t.wave.length() / 4;
+  Nox64f* w = reinterpret_cast<Nox64f*>(t.at);
+  Nox64f narrow[pass_doubles(size_t{1} << (kAllWide - 2), false)];
+  Nox64f* const last =
+      t.order <= kAllWide ? narrow : w + passes_bytes(t.order) / sizeof(Nox64f) - pass_doubles(longest, false);
+  build_last_pass(t.wave, last);
+  for (size_t l = size_t{1} << first_pass_order(t.order); l < longest + (t.order <= kAllWide); l *= 4) {
+    const bool wide = is_wide(t.order, l);
+    (wide ? build_pass<true> : build_pass<false>)(last, longest / l, w, l);
+    w += pass_doubles(l, wide);
   }
 }
 
@@ -155,7 +208,7 @@ NOX_INLINE void run_passes(const Nox64fc* src, Nox64fc* dst, int order, const No
     from = to;
     to = other;
   }
-  if (order <= 7)
+  if (order <= kAllWide)
     pass_of_four<Inverse, true>(from, dst, n / 4, l, w);
   else
     pass_of_four<Inverse, false>(from, dst, n / 4, l, w);
@@ -183,7 +236,7 @@ bool plan_size(int order, int& spec_size, int& work_size) {
   return fits;
 }
 
-void plan_init(NoxFftSpec* spec, Nox64f* sines) {
+void plan_init(NoxFftSpec* spec, const Wave* wave, Nox64f* sines) {
   const int order = spec->order;
   Nox8u* const base = reinterpret_cast<Nox8u*>(spec);
   LargePlan* const large = reinterpret_cast<LargePlan*>(base + kFftHeader);
@@ -191,7 +244,7 @@ void plan_init(NoxFftSpec* spec, Nox64f* sines) {
   spec->pTwiddle = reinterpret_cast<const Nox64f*>(base + kRecord);
   spec->workSize = order <= kPlanDirectOrder ? 0 : static_cast<Nox32s>((sizeof(Nox64fc) << order) + 128);
   if (order < 4) return;
-  Tables tables{base + kRecord, make_wave(order, sines), order};
+  Tables tables{base + kRecord, wave ? *wave : make_wave(order, sines), order};
   order <= kPlanMiddleOrder ? build_passes(tables) : build_large(tables, large);
 }
 

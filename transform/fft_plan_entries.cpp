@@ -37,6 +37,11 @@ NoxStatus noxsCplxFftGetSize(int order, int flag, int, int* spec_size, int* init
 }
 
 NoxStatus noxsCplxFftInit(NoxFftSpec** result, int order, int flag, int hint, Nox8u* memory, Nox8u* init) {
+  return init_complex(result, order, flag, hint, memory, init, nullptr);
+}
+
+NoxStatus init_complex(NoxFftSpec** result, int order, int flag, int hint, Nox8u* memory, Nox8u* init,
+                       const Wave* wave) {
   if (!result) return noxStsNullPtrErr;
   if (order < 0 || order > kFftMaxOrder) return noxStsFftOrderErr;
   if (!memory) return noxStsNullPtrErr;
@@ -56,7 +61,7 @@ NoxStatus noxsCplxFftInit(NoxFftSpec** result, int order, int flag, int hint, No
   if (order > kNoInitOrder && !init) return noxStsNullPtrErr;
   int spec_size, work_size;
   if (!plan_size(order, spec_size, work_size)) return noxStsFftOrderErr;
-  plan_init(spec, round_up<Nox64f>(init));
+  plan_init(spec, wave, round_up<Nox64f>(init));
   *result = spec;
   return noxStsNoErr;
 }

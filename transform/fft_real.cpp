@@ -123,12 +123,15 @@ NoxStatus noxsRealFftInit(NoxFftSpec** ppSpec, int order, int flag, int hint, No
   if (order > real_fft_range.direct) {
     int spec_size = 0, init_size = 0, work_size = 0;
     if (const NoxStatus st = noxsCplxFftGetSize(order - 1, flag, hint, &spec_size, &init_size, &work_size)) return st;
-    if (const NoxStatus st = noxsCplxFftInit(&spec, order - 1, flag, hint, pSpecMem, pInitMem)) return st;
+    // One wave serves both: the complex transform takes every other sample.
+    const Wave wave = make_wave(order, reinterpret_cast<Nox64f*>(at_boundary(pInitMem)));
+    const Wave half = order <= kConstantWave + 1 ? constant_wave(order - 1) : Wave{wave.quarter, 2, order - 1};
+    if (const NoxStatus st = init_complex(&spec, order - 1, flag, hint, pSpecMem, pInitMem, &half)) return st;
     write_header(spec, order, flag, hint, spec->workSize);
     Nox64f* const tables =
         reinterpret_cast<Nox64f*>(reinterpret_cast<uintptr_t>(spec) + static_cast<uintptr_t>(tables_at(spec_size)));
     Nox64f* const second = tables + recombination_bytes(order) / sizeof(Nox64f);
-    make_recombination(order, reinterpret_cast<Nox64f*>(at_boundary(pInitMem)), tables, second);
+    make_recombination(order, wave, tables, second);
     spec->pRecombFwd = tables;
     spec->pRecombInv = second;
   }

@@ -4,6 +4,7 @@
 // The shortest lengths have straight-line routines instead.
 #pragma once
 #include "transform/fft.hpp"
+#include "transform/sine.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
@@ -30,12 +31,19 @@ constexpr Nox64u recombination_bytes(int order) {
   const Nox64u n = Nox64u{1} << order;
   return order < real_fft_range.two_level ? (4 * n + 63) & ~Nox64u{63} : (n / 128 + 8255) & ~Nox64u{63};
 }
-// `init` has room for 2^order / 4 + 1 values where the constant wave doesn't reach.
-NOX_HIDDEN void make_recombination(int order, Nox64f* init, Nox64f* forward, Nox64f* inverse);
+// Out of a wave of 2^order samples.
+NOX_HIDDEN void make_recombination(int order, const Wave& wave, Nox64f* forward, Nox64f* inverse);
 // From the half-length spectrum to that of the real data, in place.
 NOX_HIDDEN void recombine_forward(int order, const Nox64f* table, Nox64f* d);
 // And back, doubled, in place or to another array.
 NOX_HIDDEN void recombine_inverse(int order, const Nox64f* table, const Nox64f* s, Nox64f* d);
+
+// ---- products without recombination
+// Of real data transformed as m complex values each, two samples in one: d becomes what the inverse complex transform
+// takes to the data whose spectrum is the product, or that with the conjugate of b's. d may be a or b, and these one;
+// the wave is of m samples, and from m = 4 on asked for.
+NOX_HIDDEN void multiply_halves(const Nox64fc* a, const Nox64fc* b, Nox64fc* d, size_t m, const Wave& wave);
+NOX_HIDDEN void multiply_halves_conj(const Nox64fc* a, const Nox64fc* b, Nox64fc* d, size_t m, const Wave& wave);
 
 }  // namespace NOX_VARIANT
 }  // namespace nox

@@ -77,25 +77,28 @@ NOX_INLINE void recombine_two_level(size_t m, const Nox64f* table, const Nox64f*
 
 }  // namespace
 
-void make_recombination(int order, Nox64f* init, Nox64f* forward, Nox64f* inverse) {
+void make_recombination(int order, const Wave& wave, Nox64f* forward, Nox64f* inverse) {
   const Nox32u n = Nox32u{1} << order;
   const bool plain = order < real_fft_range.two_level;
-  const Wave wave = make_wave(order, init);
-  for (Nox32u k = 1; k <= (plain ? n / 4 : Nox32u{kFine}); ++k) {
-    const Turn w = wave.early(k);
-    const size_t at = 4 * size_t{(k - 1) / 2} + (k - 1) % 2;
-    forward[at] = plain ? 0.5 * w.cosine : w.cosine;
-    forward[at + 2] = plain ? 0.5 - 0.5 * w.sine : -w.sine;
-    inverse[at] = w.cosine;
-    inverse[at + 2] = -w.sine;
+  const Nox64f *sine = wave.quarter + wave.stride, *cosine = wave.quarter + (n / 4 - 1) * wave.stride;
+  const F64x2 half = F64x2::all(0.5);
+  for (Nox32u k = 1; k <= (plain ? n / 4 : Nox32u{kFine}); k += 2, forward += kGroup, inverse += kGroup) {
+    const F64x2 s = {_mm_loadh_pd(_mm_load_sd(sine), sine + wave.stride)};
+    const F64x2 c = {_mm_loadh_pd(_mm_load_sd(cosine), cosine - wave.stride)};
+    (plain ? half * c : c).store(forward);
+    (plain ? half - half * s : negate(s)).store(forward + 2);
+    c.store(inverse);
+    negate(s).store(inverse + 2);
+    sine += 2 * wave.stride;
+    cosine -= 2 * wave.stride;
   }
   if (plain) return;
-  Nox64f* const both[] = {forward, inverse};
+  Nox64f* const both[] = {forward, inverse};  // now behind the fine factors
   for (Nox32u j = 0; j < n / 4 / kFine; ++j) {
     const Turn w = wave.early(j * kFine);
     for (Nox64f* const table : both) {
-      table[kFineDoubles + 2 * j] = w.cosine;
-      table[kFineDoubles + 2 * j + 1] = -w.sine;
+      table[2 * j] = w.cosine;
+      table[2 * j + 1] = -w.sine;
     }
   }
 }

@@ -1,4 +1,5 @@
 // Convolution: against its definition by every method, the choice of methods, and what infinities reach.
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -58,6 +59,22 @@ TEST_P(Convolution, AgreesWithTheDefinition) {
         ASSERT_TRUE(reference::is_sum(d[n], reference::convolved(a, b, static_cast<int64_t>(n)), 1, direct, largest))
             << "output " << n;
     }
+  }
+}
+
+// Beyond the lengths whose roots of unity are constants.
+TEST_P(Convolution, LongTransformsAgreeWithDirectSums) {
+  kit::Random random;
+  for (const Lengths& l : {Lengths{2500, 2400}, Lengths{1100, 9000}}) {
+    const std::vector<Nox64f> a = random_elements<Nox64f>(random, static_cast<size_t>(l.first));
+    const std::vector<Nox64f> b = random_elements<Nox64f>(random, static_cast<size_t>(l.second));
+    const std::vector<Nox64f> sums = convolve(a, b, NOX_ALG_DIRECT, 2), d = convolve(a, b, NOX_ALG_FFT, 3);
+    double largest = 0, error = 0;
+    for (size_t n = 0; n < d.size(); ++n) {
+      largest = std::max(largest, std::abs(sums[n]));
+      error = std::max(error, std::abs(d[n] - sums[n]));
+    }
+    EXPECT_LE(error, 1e-14 * largest) << l.first << " and " << l.second << " elements";
   }
 }
 
