@@ -72,8 +72,15 @@ NOX_INLINE void extreme_with_place(F f, const Nox8u* s, Nox32u n, Nox8u* value, 
 template <Nox32u Step, class D, class S, class Wide, class One>
 NOX_INLINE void convert(const S* s, D* d, Nox32u n, Wide&& wide, One&& one) {
   Nox32u i = 0;
-  if (!overlap(s, n * sizeof(S), d, n * sizeof(D)))
-    for (; n - i >= Step; i += Step) wide(s + i, d + i);
+  if (n >= Step && !overlap(s, n * sizeof(S), d, n * sizeof(D))) {
+#pragma GCC unroll 4
+    for (; n - i >= Step; i += Step) {
+      wide(s + i, d + i);
+      in_order();
+    }
+    if (i < n) wide(s + (n - Step), d + (n - Step));
+    return;
+  }
   for (; i < n; ++i) put_element(d + i, static_cast<D>(one(element_at(s + i))));
 }
 template <class T>
@@ -89,14 +96,36 @@ NOX_INLINE void store_doubles(V128<Nox32s> a, Nox64f* d) {
   _mm_storeu_pd(d + 2, _mm_cvtepi32_pd(_mm_shuffle_epi32(a.v, 0xEE)));
 }
 
-// Rounds to an integer, whichever neighbour the rounding mode in force prefers, then steps to the wanted side. Values
-// from 2^52 on are integers, and those and NaN are passed on.
+// The integer on the wanted side: by the processor's instruction, or rounded to whichever neighbour the rounding mode
+// in force prefers and stepped from there. Zeros come out of the steps without their signs.
+#if NOX_LEVEL >= 2
+template <bool Up>
+NOX_INLINE __m128d stepped(__m128d x) {
+  return _mm_round_pd(x, (Up ? _MM_FROUND_TO_POS_INF : _MM_FROUND_TO_NEG_INF) | _MM_FROUND_NO_EXC);
+}
+#if NOX_LEVEL >= 3
+template <bool Up>
+NOX_INLINE __m256d stepped(__m256d x) {
+  return _mm256_round_pd(x, (Up ? _MM_FROUND_TO_POS_INF : _MM_FROUND_TO_NEG_INF) | _MM_FROUND_NO_EXC);
+}
+#endif
 template <bool Up, class V>
-NOX_INLINE V whole(V x) {
+NOX_INLINE V beside(V x) {
+  return {stepped<Up>(x.v)};
+}
+#else
+template <bool Up, class V>
+NOX_INLINE V beside(V x) {
   const V sign = x & V::all(-0.0), shift = sign | V::all(0x1p52);
   const V near = (x + shift) - shift;
   const V step = Up ? near + ((near < x) & V::all(1.0)) : near - ((x < near) & V::all(1.0));
-  return select(abs(x) < V::all(0x1p52), abs(step) | sign, x);
+  return abs(step) | sign;
+}
+#endif
+// Values from 2^52 on are integers, and those and NaN are passed on.
+template <bool Up, class V>
+NOX_INLINE V whole(V x) {
+  return select(abs(x) < V::all(0x1p52), beside<Up>(x), x);
 }
 
 }  // namespace
@@ -119,9 +148,22 @@ void NOX_BODY(Sum_8u32s_SFS)(const Nox8u src[], Nox32u n, Nox32s* sum) {
 void NOX_BODY(Max_8u)(const Nox8u src[], Nox32u n, Nox8u* max) { *max = extreme(Larger{}, src, n); }
 void NOX_BODY(Min_8u)(const Nox8u src[], Nox32u n, Nox8u* min) { *min = extreme(Smaller{}, src, n); }
 void NOX_BODY(MaxMin_8u)(const Nox8u src[], Nox32u n, Nox8u* min, Nox8u* max) {
-  const Nox8u least = extreme(Smaller{}, src, n), most = extreme(Larger{}, src, n);
-  *min = least;
-  *max = most;
+  if (n < 16) {
+    const Nox8u least = extreme(Smaller{}, src, n), most = extreme(Larger{}, src, n);
+    *min = least;
+    *max = most;
+    return;
+  }
+  Bytes least = Bytes::load(src + (n - 16)), most = least, low = least, high = least;
+  const auto see = [](Bytes x, Bytes& l, Bytes& m) { l = Smaller{}(l, x), m = Larger{}(m, x); };
+  Nox32u i = 0;
+  for (; n - i >= 64; i += 64) {
+    see(Bytes::load(src + i), least, most), see(Bytes::load(src + i + 16), low, high);
+    see(Bytes::load(src + i + 32), least, most), see(Bytes::load(src + i + 48), low, high);
+  }
+  for (; n - i >= 16; i += 16) see(Bytes::load(src + i), least, most);
+  *min = fold(Smaller{}, Smaller{}(least, low));
+  *max = fold(Larger{}, Larger{}(most, high));
 }
 void NOX_BODY(MaxIndx_8u)(const Nox8u src[], Nox32u n, Nox8u* max, Nox32s* index) {
   extreme_with_place(Larger{}, src, n, max, index);

@@ -17,11 +17,15 @@ NOX_INLINE NoxStatus every(F f, const T* a, const T* b, T* d, int len) {
   const Nox32u n = static_cast<Nox32u>(len);
   constexpr Nox32u N = V128<T>::N;
   Nox32u i = 0;
-  if (!x.changed_by(d, n) && !y.changed_by(d, n)) {
-    for (; n - i >= 4 * N; i += 4 * N)
+  if (n >= N && !x.changed_by(d, n) && !y.changed_by(d, n)) {
+    const auto last = f(x.lanes(n - N), y.lanes(n - N));  // before the destination, which may be a source, is written
 #pragma GCC unroll 4
-      for (Nox32u k = i; k < i + 4 * N; k += N) f(x.lanes(k), y.lanes(k)).store(d + k);
-    for (; n - i >= N; i += N) f(x.lanes(i), y.lanes(i)).store(d + i);
+    for (; n - i >= N; i += N) {
+      f(x.lanes(i), y.lanes(i)).store(d + i);
+      in_order();
+    }
+    if (i < n) last.store(d + (n - N));
+    return noxStsNoErr;
   }
   for (; i < n; ++i) put_element(d + i, f(IntOne<T>{x.one(i)}, IntOne<T>{y.one(i)}).v);
   return noxStsNoErr;

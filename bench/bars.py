@@ -67,10 +67,14 @@ def every_row(row):
     return True
 
 
-def all_bars():
-    """The bars of all files in targets/, in the order of their names."""
+def target_files():
+    """The modules in targets/, in the order of their names."""
     folder = Path(__file__).resolve().parent / "targets"
-    return [bar for path in sorted(folder.glob("*.py")) for bar in importlib.import_module(f"targets.{path.stem}").BARS]
+    return [importlib.import_module(f"targets.{path.stem}") for path in sorted(folder.glob("*.py"))]
+
+
+def all_bars():
+    return [bar for module in target_files() for bar in module.BARS]
 
 
 def judge(bar, results):
@@ -113,11 +117,24 @@ def table(results, only_measured=False):
     return lines
 
 
+def rows_below(bar, results):
+    values = judge(bar, results)
+    if values and bar.mean and not below(bar, mean(values)):
+        return []
+    return [(r, v) for r, v in values if below(bar, v)]
+
+
+def explanations(results):
+    """What a file in targets/ says of its missed bars: what limits the rows and what was tried."""
+    return [f"- {module.__name__.split('.')[-1]}: {' '.join(module.LIMITS.split())}" for module in target_files()
+            if hasattr(module, "LIMITS") and any(rows_below(bar, results) for bar in module.BARS)]
+
+
 def missed_rows(results):
     """Every row below its bar, for the appendix."""
     lines = []
     for bar in all_bars():
-        low = [(r, v) for r, v in judge(bar, results) if below(bar, v)]
-        if low and not (bar.mean and not below(bar, mean(judge(bar, results)))):
+        low = rows_below(bar, results)
+        if low:
             lines.append(f"- {bar.text}: " + ", ".join(f"`{r.name}` {r.length()} {v:.2f}{bar.unit}" for r, v in low))
     return lines

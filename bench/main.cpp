@@ -20,9 +20,14 @@ struct Build {
 constexpr Build kBuilds[] = {{"w7", 0x7}, {"s8", 0x1F}, {"p8", 0xDF}, {"g9", 0x1DF}, {"h9", 0x81DF}};
 constexpr Nox64u kOnTrust = 1ull << 63;
 
+// What AVX builds ask the processor for and doesn't tell the builds apart.
+constexpr Nox64u kAvx = 0x100, kHalves = 0x4000;
+
 bool select(const std::string& tag) {
+  Nox64u processor = 0;
+  noxGetCpuFeatures(&processor, nullptr);
   for (const Build& build : kBuilds)
-    if (tag == build.tag) noxSetCpuFeatures(build.mask | kOnTrust);
+    if (tag == build.tag) noxSetCpuFeatures(build.mask | (build.mask & kAvx ? processor & kHalves : 0) | kOnTrust);
   return tag == noxsGetLibVersion()->targetCpu;
 }
 

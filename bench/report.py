@@ -173,6 +173,7 @@ def write(args, results, files, seconds):
     missed = bars.missed_rows(results)
     if missed:
         lines += ["", "Rows below their targets:", ""] + missed
+        lines += ["", "What limits them, and what was tried:", ""] + bars.explanations(results)
     if shutil.which("gnuplot"):
         lines += ["", "## Plots"]
         for name, caption in plots.draw(results, docs / "plots"):

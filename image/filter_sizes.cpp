@@ -22,8 +22,7 @@ struct PixelType {
   unsigned bytes;  // of a pixel in the extended plane
   Nox32f scale;    // of the coefficients in lanes
 };
-constexpr PixelType kPixelTypes[] = {
-    {1, 3, 1, 1}, {5, 5, 2, 1}, {7, 4, 2, 0x1p-16f}, {13, 6, 4, 1}};
+constexpr PixelType kPixelTypes[] = {{1, 3, 1, 1}, {5, 5, 2, 1}, {7, 4, 2, 0x1p-16f}, {13, 6, 4, 1}};
 const PixelType* pixel_type(int code) {
   for (const PixelType& t : kPixelTypes)
     if (t.code == code) return &t;
@@ -33,10 +32,9 @@ const PixelType* pixel_type(int code) {
 // Bytes of the extended plane: of the whole region with its borders, or of the largest strip.
 Nox64u plane_bytes(int w, int h, int width, int height, unsigned element) {
   const Nox64u across = Nox64u(w) + Nox64u(width) - 1, down = Nox64u(h) + Nox64u(height) - 1;
-  const Nox64u elements = w >= width || h >= height
-                              ? product(across, down)
-                              : larger(product(across, Nox64u(h) + Nox64u(after(h))),
-                                       product(down, Nox64u(w) + Nox64u(after(w))));
+  const Nox64u elements = w >= width || h >= height ? product(across, down)
+                                                    : larger(product(across, Nox64u(h) + Nox64u(after(h))),
+                                                             product(down, Nox64u(w) + Nox64u(after(w))));
   return rounded_up(elements * element, kPlaneAlign) + kPlaneAlign;
 }
 

@@ -22,7 +22,9 @@ struct Window {
 };
 
 template <class E>
-NOX_INLINE E* step_by(E* p, ptrdiff_t bytes) { return behind(p, static_cast<size_t>(bytes)); }
+NOX_INLINE E* step_by(E* p, ptrdiff_t bytes) {
+  return behind(p, static_cast<size_t>(bytes));
+}
 
 // Float taps: each stands four times, in the order in which the pixels are read; a row's odd sum joins at its end.
 struct QuadTaps {
@@ -31,7 +33,9 @@ struct QuadTaps {
   const Nox32f* taps;
   int width, height;
   template <class V>
-  static NOX_INLINE V get(const Nox32f* p) { return load_quad<V>(p); }
+  static NOX_INLINE V get(const Nox32f* p) {
+    return load_quad<V>(p);
+  }
   static constexpr ptrdiff_t kStep = 4;
 };
 
@@ -42,9 +46,18 @@ struct BackwardTaps {
   const Nox64f* taps;  // the last one
   int width, height;
   template <class V>
-  static NOX_INLINE V get(const Nox64f* p) { return V::all(*p); }
+  static NOX_INLINE V get(const Nox64f* p) {
+    return V::all(*p);
+  }
   static constexpr ptrdiff_t kStep = -1;
 };
+
+// Keeps running sums in registers and reads where it is written: the compiler would rather keep pixels that the next
+// tap reads again, and the sums on the stack.
+template <class V, int Count>
+NOX_INLINE void keep_sums(V (&sum)[Count]) {
+  if constexpr (Count == 3) asm volatile("" : "+x"(sum[0].v), "+x"(sum[1].v), "+x"(sum[2].v) : : "memory");
+}
 
 // Width is that of the kernel where it is known beforehand, or 0.
 template <int Width, class V, int Count, class Taps, class E>
@@ -53,24 +66,28 @@ NOX_INLINE void window_block(const Taps& t, const E* row, ptrdiff_t srcStep, E* 
 #pragma GCC unroll 3
   for (int k = 0; k < Count; ++k) even[k] = odd[k] = V::zero();
   const E* c = t.taps;
+  const auto take = [&c](V(&sum)[Count], const E* s) NOX_INLINED {
+    const V tap = Taps::template get<V>(c);
+    c += Taps::kStep;
+#pragma GCC unroll 3
+    for (int k = 0; k < Count; ++k) sum[k] = madd(V::load(s + k * V::N), tap, sum[k]);
+    keep_sums(sum);
+  };
   for (int i = t.height; i > 0; --i, row = step_by(row, srcStep)) {
     const E* s = row;
-    int j = Width > 0 ? Width : t.width;
+    const auto pair = [&]() NOX_INLINED {
+      take(even, s);
+      take(odd, s + 1);
+      s += 2;
+    };
+    if constexpr (Width > 0) {
 #pragma GCC unroll 4
-    for (; j >= 2; j -= 2, s += 2) {
-      const V first = Taps::template get<V>(c);
-#pragma GCC unroll 3
-      for (int k = 0; k < Count; ++k) even[k] = madd(V::load(s + k * V::N), first, even[k]);
-      const V second = Taps::template get<V>(c + Taps::kStep);
-#pragma GCC unroll 3
-      for (int k = 0; k < Count; ++k) odd[k] = madd(V::load(s + 1 + k * V::N), second, odd[k]);
-      c += 2 * Taps::kStep;
-    }
-    if (j > 0) {
-      const V last = Taps::template get<V>(c);
-#pragma GCC unroll 3
-      for (int k = 0; k < Count; ++k) even[k] = madd(V::load(s + k * V::N), last, even[k]);
-      c += Taps::kStep;
+      for (int j = 0; j < Width / 2; ++j) pair();
+      if (Width % 2 != 0) take(even, s);
+    } else {
+#pragma GCC unroll 1
+      for (int j = t.width / 2; j > 0; --j) pair();
+      if (t.width % 2 != 0) take(even, s);
     }
     if (Taps::kJoinsEachRow) {
 #pragma GCC unroll 3

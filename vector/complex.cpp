@@ -24,12 +24,15 @@ constexpr auto both_parts = [](Pairs z) NOX_INLINED { return z; };
 constexpr auto joined = [](Reals re, Reals im) NOX_INLINED { return Pairs{re, im}; };
 
 // Cut at the largest value: the one magnitude beyond it is that of the lowest value, which stays negative at first.
-template <int Bits>
 struct Absolute {
   template <class V>
   NOX_INLINE V operator()(V x) const {
-    const V sign = shift_right(x, Bits - 1), magnitude = (x ^ sign) - sign;
-    return magnitude + shift_right(magnitude, Bits - 1);
+    if constexpr (sizeof(typename V::elem) == 2) {
+      return max(x, sub_saturated(V::zero(), x));
+    } else {
+      const V sign = shift_right(x, 31), magnitude = (x ^ sign) - sign;
+      return magnitude + shift_right(magnitude, 31);
+    }
   }
 };
 struct ClearSign {
@@ -102,13 +105,13 @@ NoxStatus NOX_BODY(noxsRealToCplx_64f)(const Nox64f* re, const Nox64f* im, Nox64
 }
 
 NoxStatus NOX_BODY(noxsAbs_16s)(const Nox16s* s, Nox16s* d, int len) {
-  return absolute<ints<Nox16s>>(Absolute<16>{}, s, d, len);
+  return absolute<ints<Nox16s>>(Absolute{}, s, d, len);
 }
-NoxStatus NOX_BODY(noxsAbs_16s_I)(Nox16s* d, int len) { return absolute<ints<Nox16s>>(Absolute<16>{}, d, d, len); }
+NoxStatus NOX_BODY(noxsAbs_16s_I)(Nox16s* d, int len) { return absolute<ints<Nox16s>>(Absolute{}, d, d, len); }
 NoxStatus NOX_BODY(noxsAbs_32s)(const Nox32s* s, Nox32s* d, int len) {
-  return absolute<ints<Nox32s>>(Absolute<32>{}, s, d, len);
+  return absolute<ints<Nox32s>>(Absolute{}, s, d, len);
 }
-NoxStatus NOX_BODY(noxsAbs_32s_I)(Nox32s* d, int len) { return absolute<ints<Nox32s>>(Absolute<32>{}, d, d, len); }
+NoxStatus NOX_BODY(noxsAbs_32s_I)(Nox32s* d, int len) { return absolute<ints<Nox32s>>(Absolute{}, d, d, len); }
 NoxStatus NOX_BODY(noxsAbs_64f)(const Nox64f* s, Nox64f* d, int len) { return absolute<f64>(ClearSign{}, s, d, len); }
 NoxStatus NOX_BODY(noxsAbs_64f_I)(Nox64f* d, int len) { return absolute<f64>(ClearSign{}, d, d, len); }
 

@@ -76,8 +76,11 @@ template <class D, class F, class... S>
 NOX_INLINE void each(D d, int len, F&& f, S... s) {
   const size_t n = static_cast<size_t>(len);
   size_t i = 0;
-#pragma GCC unroll 2
-  for (; n - i >= size_t(Reals::N); i += Reals::N) put(d, i, f(take(s, i)...));
+#pragma GCC unroll 4
+  for (; n - i >= size_t(Reals::N); i += Reals::N) {
+    put(d, i, f(take(s, i)...));
+    in_order();
+  }
   if (i < n) put_some(behind_elements(d, i), n - i, f(take(rest_of(behind_elements(s, i), n - i), 0)...));
 }
 

@@ -3,6 +3,7 @@
 // loop's own, so that nothing outside is touched; eight elements of 24 bits are two overlapping loads of 16 bytes.
 #pragma once
 #include "core/body.hpp"
+#include "core/drivers.hpp"
 #include "core/simd/eights.hpp"
 #include "core/simd/ints_wide.hpp"
 
@@ -59,18 +60,23 @@ NOX_INLINE __m128i four_to_24(__m128i x) {  // the last four bytes are 0
 #endif
 }
 
-// ---- formats: elem, how many of them an element is made of, take, put
+// ---- formats: elem, how many of them an element is made of, whether put cuts integers to the range, take, put
 template <class T>
 struct Format {
   using elem = T;
   static constexpr size_t kPer = 1;
+  static constexpr bool kCuts = sizeof(T) < 4;
   static NOX_INLINE auto take(const T* p) {
     if constexpr (sizeof(T) == 1) {
       return from_words<is_signed<T>>(words_from_bytes<is_signed<T>>(load_8(p)));
     } else if constexpr (sizeof(T) == 2) {
       return from_words<is_signed<T>>(load_16(p));
     } else {
+#if NOX_LEVEL >= 4
+      return Ints8{{{_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))}}};
+#else
       return ints8({load_16(p), load_16(p + 4)});
+#endif
     }
   }
   static NOX_INLINE void put(T* p, Ints8 a) {
@@ -80,9 +86,13 @@ struct Format {
     } else if constexpr (sizeof(T) == 2) {
       store_16(p, words_of<T>(a));
     } else {
+#if NOX_LEVEL >= 4
+      _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), a.v[0].v);
+#else
       const Quads8 q = quads(a);
       store_16(p, q.low);
       store_16(p + 4, q.high);
+#endif
     }
   }
 };
@@ -90,6 +100,23 @@ template <bool Signed>
 struct Format24 {
   using elem = Nox8u;
   static constexpr size_t kPer = 3;
+  static constexpr bool kCuts = false;
+#if NOX_LEVEL >= 4
+  static NOX_INLINE Ints8 take(const Nox8u* p) {
+    const __m256i top =
+        _mm256_shuffle_epi8(_mm256_inserti128_si256(_mm256_castsi128_si256(load_16(p)), load_16(p + 8), 1),
+                            _mm256_setr_epi8(-1, 0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11,  //
+                                             -1, 4, 5, 6, -1, 7, 8, 9, -1, 10, 11, 12, -1, 13, 14, 15));
+    return {{{Signed ? _mm256_srai_epi32(top, 8) : _mm256_srli_epi32(top, 8)}}};
+  }
+  static NOX_INLINE void put(Nox8u* p, Ints8 a) {
+    const __m256i apart = _mm256_shuffle_epi8(
+        a.v[0].v, _mm256_broadcastsi128_si256(_mm_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1)));
+    const __m256i joined = _mm256_permutevar8x32_epi32(apart, _mm256_setr_epi32(0, 1, 2, 4, 5, 6, 3, 7));
+    store_16(p, _mm256_castsi256_si128(joined));
+    store_8(p + 16, _mm256_extracti128_si256(joined, 1));
+  }
+#else
   static NOX_INLINE Ints8 take(const Nox8u* p) {
     return ints8({four_from_24<Signed>(load_16(p)), four_from_24<Signed>(_mm_srli_si128(load_16(p + 8), 4))});
   }
@@ -99,6 +126,7 @@ struct Format24 {
     store_16(p, _mm_or_si128(low, _mm_slli_si128(high, 12)));
     store_8(p + 16, _mm_srli_si128(high, 4));
   }
+#endif
 };
 template <class Eights, class T>
 struct RealFormat {
@@ -121,23 +149,50 @@ struct Format<Nox32f> : RealFormat<Floats8, Nox32f> {};
 template <>
 struct Format<Nox64f> : RealFormat<Doubles8, Nox64f> {};
 
-// d[i] = f(s[i]) in these formats.
-template <class From, class To, class F>
+// ---- sixteen bytes with signs become words as they are stored
+struct SignedBytes16 {
+  using elem = Nox8s;
+  static constexpr size_t kPer = 1;
+  static NOX_INLINE __m128i take(const Nox8s* p) { return load_16(p); }
+};
+struct WordsOfBytes16 {
+  using elem = Nox16s;
+  static constexpr size_t kPer = 1;
+  static NOX_INLINE void put(Nox16s* p, __m128i x) {
+#if NOX_LEVEL >= 4
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm256_cvtepi8_epi16(x));
+#else
+    store_16(p, _mm_srai_epi16(_mm_unpacklo_epi8(x, x), 8));
+    store_16(p + 8, _mm_srai_epi16(_mm_unpackhi_epi8(x, x), 8));
+#endif
+  }
+};
+
+// d[i] = f(s[i]) in these formats, which take and put `Step` elements at once.
+template <class From, class To, size_t Step = 8, class F>
 NOX_INLINE void convert_eights(const typename From::elem* s, typename To::elem* d, int len, F&& f) {
   size_t n = static_cast<size_t>(len);
-#pragma GCC unroll 2
-  for (; n >= 8; n -= 8, s += 8 * From::kPer, d += 8 * To::kPer) To::put(d, f(From::take(s)));
+  const auto step = [&](size_t at) NOX_INLINED {
+    To::put(d + at * To::kPer, f(From::take(s + at * From::kPer)));
+    in_order();
+  };
+  const auto on = [&](size_t by) NOX_INLINED {
+    s += by * From::kPer, d += by * To::kPer, n -= by;
+    keep_whole(s), keep_whole(d);
+  };
+  for (; n >= 4 * Step; on(4 * Step)) step(0), step(Step), step(2 * Step), step(3 * Step);
+  for (; n >= Step; on(Step)) step(0);
   if (n == 0) return;
-  typename From::elem in[8 * From::kPer] = {};
-  typename To::elem out[8 * To::kPer];
+  typename From::elem in[Step * From::kPer] = {};
+  typename To::elem out[Step * To::kPer];
   __builtin_memcpy(in, s, n * From::kPer * sizeof *s);
   To::put(out, f(From::take(in)));
   __builtin_memcpy(d, out, n * To::kPer * sizeof *d);
 }
-template <class From, class To, class F>
+template <class From, class To, size_t Step = 8, class F>
 NOX_INLINE NoxStatus convert(const typename From::elem* s, typename To::elem* d, int len, F&& f) {
   if (const NoxStatus st = check(len, s, d)) return st;
-  convert_eights<From, To>(s, d, len, f);
+  convert_eights<From, To, Step>(s, d, len, f);
   return noxStsNoErr;
 }
 
@@ -176,8 +231,9 @@ struct Same {
   }
 };
 
-// Rounding of reals to integers. Halves away from zero: the cut value, one more where what was cut off is a half or
-// more; exact, so the rounding mode of the thread has no part in it.
+// Rounding of reals to integers. Halves away from zero: the cut value, and twice what was cut
+// off, cut again, which is one more where that is a half or more; exact, so the rounding mode of the thread has no part
+// in it.
 struct Near {
   template <class X>
   NOX_INLINE Ints8 operator()(X x) const {
@@ -201,13 +257,9 @@ struct HalfAway {
   template <class X>
   NOX_INLINE Ints8 operator()(X x) const {
     using V = typename X::Vector;
-    using E = typename V::elem;
     const Ints8 whole = cut(x);
-    const X up = each_vector([](V a, V b) NOX_INLINED { return (all_of<V>(E(0.5)) <= a - b) & all_of<V>(E(1)); }, x,
-                             back<X>(whole));
-    const X down = each_vector([](V a, V b) NOX_INLINED { return (all_of<V>(E(0.5)) <= b - a) & all_of<V>(E(1)); }, x,
-                               back<X>(whole));
-    return each_vector([](auto w, auto u, auto l) NOX_INLINED { return w + u - l; }, whole, cut(up), cut(down));
+    const X twice_rest = each_vector([](V a, V b) NOX_INLINED { return (a - b) + (a - b); }, x, back<X>(whole));
+    return each_vector([](auto w, auto one) NOX_INLINED { return w + one; }, whole, cut(twice_rest));
   }
 };
 

@@ -4,6 +4,7 @@
 // range come from a subtraction that normalises them, and go by a product that makes their steps whole numbers; both
 // are exact, so the rounding mode of the thread has no part in it. The AVX builds use the processor's instructions
 // where the features in force hold them; the bits are the same.
+#include "core/rounding.hpp"
 #include "nox/vector/convert.h"
 #include "vector/convert.hpp"
 
@@ -160,6 +161,10 @@ NOX_INLINE void half_to_words(const Nox16f* s, Nox16s* d, int len, Nox32f factor
   });
 }
 
+__attribute__((noinline)) void half_to_nearest_words(const Nox16f* s, Nox16s* d, int len, Nox32f factor) {
+  half_to_words(s, d, len, factor, Near{});
+}
+
 }  // namespace
 }  // namespace NOX_VARIANT
 }  // namespace nox
@@ -184,10 +189,12 @@ NoxStatus NOX_BODY(noxsConvert_16s16f)(const Nox16s* s, Nox16f* d, int len, int 
 }
 NoxStatus NOX_BODY(noxsConvert_16f16s_Sfs)(const Nox16f* s, Nox16s* d, int len, int mode, int scale) {
   if (const NoxStatus st = check_mode(len, mode, s, d)) return st;
-  if (mode == noxRndNear)
-    half_to_words(s, d, len, float_factor(scale), Near{});
-  else
+  if (mode == noxRndNear) {
+    const RoundToNearest nearest;
+    half_to_nearest_words(s, d, len, float_factor(scale));
+  } else {
     half_to_words(s, d, len, float_factor(scale), Cut{});
+  }
   return noxStsNoErr;
 }
 

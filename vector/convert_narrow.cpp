@@ -1,6 +1,8 @@
-// Conversions to integers: values are scaled by a power of two, rounded and cut to the range of the destination.
+// Conversions to integers, but for those of 64 bits: values are scaled by a power of two, rounded and cut to the range
+// of the destination.
 #include "vector/convert.hpp"
 
+#include "core/rounding.hpp"
 #include "nox/vector/convert.h"
 
 namespace nox {
@@ -40,15 +42,22 @@ NOX_INLINE void real_to_int(const Nox32f* s, Nox32s* d, int len, FloatRange, Rou
   });
 }
 
+// To nearest by the processor's conversion, which asks the control word.
+template <class From, class To, class R, class E>
+__attribute__((noinline)) void to_nearest(const E* s, typename To::elem* d, int len, R range, E factor) {
+  real_to_int<From, To>(s, d, len, range, Near{}, factor);
+}
 template <class From, class To, class R, class E>
 NOX_INLINE NoxStatus by_mode(const E* s, typename To::elem* d, int len, int mode, R range, E factor) {
   if (const NoxStatus st = check(len, s, d)) return st;
-  if (mode == noxRndNear)
-    real_to_int<From, To>(s, d, len, range, Near{}, factor);
-  else if (mode == noxRndZero)
+  if (mode == noxRndNear) {
+    const RoundToNearest nearest;
+    to_nearest<From, To>(s, d, len, range, factor);
+  } else if (mode == noxRndZero) {
     real_to_int<From, To>(s, d, len, range, Cut{}, factor);
-  else
+  } else {
     real_to_int<From, To>(s, d, len, range, HalfAway{}, factor);
+  }
   return noxStsNoErr;
 }
 
@@ -59,10 +68,10 @@ using V = Ints8::Vector;
 template <bool Signed>
 NOX_INLINE V shifted_down(V x, int s) {
   const V q = Signed ? shift_right(x, s) : as_lanes<Nox32s>(shift_right(as_lanes<Nox32u>(x), s));
-  const V rest = x & V::all(static_cast<Nox32s>((Nox32u{1} << s) - 1)),
-          half = V::all(static_cast<Nox32s>(Nox32u{1} << (s - 1)));
-  const V more = (rest > half) | ((rest == half) & (V::zero() - (q & V::all(1))));
-  return q - more;
+  const Nox32u below_half = (Nox32u{1} << (s - 1)) - 1;
+  const V rest = x & V::all(static_cast<Nox32s>(2 * below_half + 1));
+  const V carried = rest + (V::all(static_cast<Nox32s>(below_half)) + (q & V::all(1)));
+  return q + as_lanes<Nox32s>(shift_right(as_lanes<Nox32u>(carried), s));
 }
 // x * 2^n cut to a range, for n with which the lowest value is a multiple of 2^n and which takes every other one
 // beyond.
@@ -74,7 +83,10 @@ NOX_INLINE V shifted_up(V x, int n, Nox32s bottom, Nox32s top) {
 template <class To>
 NOX_INLINE NoxStatus int_to_int(const Nox32s* s, typename To::elem* d, int len, int scale, int least_scale,
                                 Nox32s bottom, Nox32s top) {
-  const auto cut_off = [=](V x) NOX_INLINED { return min(max(x, V::all(bottom)), V::all(top)); };
+  const auto cut_off = [=](V x) NOX_INLINED {
+    if (To::kCuts) return x;
+    return min(max(x, V::all(bottom)), V::all(top));
+  };
   if (scale > 0)
     return convert<Format<Nox32s>, To>(s, d, len, [=](Ints8 a) NOX_INLINED {
       return each_vector([=](V x) NOX_INLINED { return cut_off(shifted_down<true>(x, scale)); }, a);
@@ -91,25 +103,6 @@ struct Zero {
 };
 // As lanes compare with signs, values without one are moved down by half their range.
 constexpr Nox32s kFlip = INT32_MIN;
-
-// |x| / 2^s of 64 bits by mode, then the sign and the cut; or x * 2^-s cut.
-NOX_INLINE Nox32s from_64s(Nox64s x, int mode, int s) {
-  if (s <= 0) {
-    const int n = s < -31 ? 31 : -s;
-    const Nox64s top = INT32_MAX >> n, bottom = INT32_MIN >> n;
-    return x > top ? INT32_MAX : x < bottom ? INT32_MIN : static_cast<Nox32s>(static_cast<Nox64u>(x) << n);
-  }
-  const Nox64u size = x < 0 ? 0 - static_cast<Nox64u>(x) : static_cast<Nox64u>(x);
-  Nox64u q = 0;
-  if (s <= 64) {
-    const Nox64u half = Nox64u{1} << (s - 1), rest = s < 64 ? size & (2 * half - 1) : size;
-    q = s < 64 ? size >> s : 0;
-    q += mode == noxRndZero ? 0 : mode == noxRndNear ? rest > half || (rest == half && (q & 1)) : rest >= half;
-  }
-  const Nox64u most_size = static_cast<Nox64u>(INT32_MAX) + (x < 0);
-  q = q < most_size ? q : most_size;
-  return static_cast<Nox32s>(x < 0 ? 0 - q : q);
-}
 
 }  // namespace
 }  // namespace NOX_VARIANT
@@ -187,17 +180,6 @@ NoxStatus NOX_BODY(noxsConvert_32u24u_Sfs)(const Nox32u* s, Nox8u* d, int len, i
         },
         a);
   });
-}
-
-NoxStatus NOX_BODY(noxsConvert_64s32s_Sfs)(const Nox64s* s, Nox32s* d, int len, int mode, int scale) {
-  if (const NoxStatus st = check(len, s, d)) return st;
-  for (int i = 0; i < len; ++i) {
-    Nox64s x;
-    __builtin_memcpy(&x, s + i, sizeof x);
-    const Nox32s y = from_64s(x, mode, scale);
-    __builtin_memcpy(d + i, &y, sizeof y);
-  }
-  return noxStsNoErr;
 }
 
 }  // extern "C"

@@ -52,15 +52,25 @@ void both(const Operands* o) {
     store(static_cast<double*>(o->e) + i, pair.y);
   }
 }
-void arc_tangent(const Operands* o) {
+
+// The angle of two parts; the way from polar form to parts in arrays of their own.
+void angle(const Operands* o) {
   for (int i = 0; i < o->len; i += kLanes)
     store(static_cast<double*>(o->d) + i,
           SLEEF_CALL(atan2)(load(static_cast<const double*>(o->b) + i), load(static_cast<const double*>(o->a) + i)));
 }
+void from_polar(const Operands* o) {
+  for (int i = 0; i < o->len; i += kLanes) {
+    const auto pair = SLEEF_CALL(sincos)(load(static_cast<const double*>(o->b) + i));
+    const Lanes size = load(static_cast<const double*>(o->a) + i);
+    store(static_cast<double*>(o->d) + i, pair.y * size);
+    store(static_cast<double*>(o->e) + i, pair.x * size);
+  }
+}
 
 const NamedLoop kLoops[] = {
-    {"sine", each<Sine>},           {"cosine", each<Cosine>},     {"sine and cosine", both},
-    {"logarithm", each<Logarithm>}, {"arc tangent", arc_tangent},
+    {"noxsPhase_64f", angle},  {"noxsPolarToCart_64f", from_polar}, {"sine", each<Sine>},   {"cosine", each<Cosine>},
+    {"sine and cosine", both}, {"logarithm", each<Logarithm>},      {"arc tangent", angle},
 };
 
 }  // namespace NOX_PEER_SPACE

@@ -15,8 +15,8 @@ def nanoseconds(row, results):
 BARS = [
     Bar("w7: arithmetic, masks and reversals of arrays at least at GCC and clang, 1000 elements",
         f"{VALUES}|{MASKS}|{MOVES}", elements(1000), LOOPS, 1.0, build="w7", family="array"),
-    Bar("w7: arithmetic, masks and reversals of arrays at the traffic limit or the best peer, 32 MiB",
-        f"{VALUES}|{MASKS}|{MOVES}", size(32 * MIB, 1 << 40), against_limit_or_peer, 0.95, build="w7", family="array"),
+    Bar("h9: arithmetic, masks and reversals of arrays at the traffic limit or the best peer, 32 MiB",
+        f"{VALUES}|{MASKS}|{MOVES}", size(32 * MIB, 1 << 40), against_limit_or_peer, 0.95, build="h9", family="array"),
     Bar("w7: running sums at least at GCC and clang", r"CumSum\w*", elements(1000), LOOPS, 1.0, build="w7",
         family="array"),
     Bar("w7: histograms at least at GCC and clang", r"Histo.*", every_row, LOOPS, 1.0, build="w7", family="array"),
@@ -25,6 +25,6 @@ BARS = [
     Bar("w7: lists of places and elements, compression and bit fields at least at GCC and clang, 1000 elements",
         r"Find(Indexes|AndGather)\w+ \d code|PackByMaskc?|v\w+|Bit(Pack|Unpack)_\w+|CountGT", elements(1000), LOOPS, 1.0,
         build="w7", family="array"),
-    Bar("w7: tests of neighbours at the traffic limit or the best peer, 32 MiB", r"InternalCollectK1?_64f",
-        size(32 * MIB, 1 << 40), against_limit_or_peer, 0.95, build="w7", family="array"),
+    Bar("h9: tests of neighbours at the traffic limit or the best peer, 32 MiB", r"InternalCollectK1?_64f",
+        size(32 * MIB, 1 << 40), against_limit_or_peer, 0.95, build="h9", family="array"),
 ]

@@ -113,31 +113,25 @@ NOX_INLINE Ints8 cut(Doubles8 a) {
 #endif
 
 // ---- what floats lack elsewhere
-NOX_INLINE F32x4 all_floats(F32x4, Nox32f x) { return {_mm_set1_ps(x)}; }
 NOX_INLINE F32x4 operator-(F32x4 a, F32x4 b) { return {_mm_sub_ps(a.v, b.v)}; }
 NOX_INLINE F32x4 operator&(F32x4 a, F32x4 b) { return {_mm_and_ps(a.v, b.v)}; }
 NOX_INLINE F32x4 operator|(F32x4 a, F32x4 b) { return {_mm_or_ps(a.v, b.v)}; }
 NOX_INLINE F32x4 operator<=(F32x4 a, F32x4 b) { return {_mm_cmple_ps(a.v, b.v)}; }
-NOX_INLINE F32x4 least(F32x4 a, F32x4 b) { return {_mm_min_ps(a.v, b.v)}; }
+NOX_INLINE F32x4 least(F32x4 a, F32x4 b) { return min(a, b); }
 NOX_INLINE F32x4 most(F32x4 a, F32x4 b) { return {_mm_max_ps(a.v, b.v)}; }
 #if NOX_LEVEL >= 3
-NOX_INLINE F32x8 all_floats(F32x8, Nox32f x) { return {_mm256_set1_ps(x)}; }
 NOX_INLINE F32x8 operator-(F32x8 a, F32x8 b) { return {_mm256_sub_ps(a.v, b.v)}; }
 NOX_INLINE F32x8 operator&(F32x8 a, F32x8 b) { return {_mm256_and_ps(a.v, b.v)}; }
 NOX_INLINE F32x8 operator|(F32x8 a, F32x8 b) { return {_mm256_or_ps(a.v, b.v)}; }
 NOX_INLINE F32x8 operator<=(F32x8 a, F32x8 b) { return {_mm256_cmp_ps(a.v, b.v, _CMP_LE_OS)}; }
-NOX_INLINE F32x8 least(F32x8 a, F32x8 b) { return {_mm256_min_ps(a.v, b.v)}; }
+NOX_INLINE F32x8 least(F32x8 a, F32x8 b) { return min(a, b); }
 NOX_INLINE F32x8 most(F32x8 a, F32x8 b) { return {_mm256_max_ps(a.v, b.v)}; }
 #endif
 NOX_INLINE f64::vec least(f64::vec a, f64::vec b) { return min(a, b); }
 NOX_INLINE f64::vec most(f64::vec a, f64::vec b) { return max(a, b); }
 // One value in all lanes of such a vector.
 template <class V>
-NOX_INLINE V all_of(Nox32f x) {
-  return all_floats(V{}, x);
-}
-template <class V>
-NOX_INLINE V all_of(Nox64f x) {
+NOX_INLINE V all_of(typename V::elem x) {
   return V::all(x);
 }
 

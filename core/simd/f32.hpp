@@ -1,4 +1,4 @@
-// Lanes of floats: F32x1, F32x4 and, in the AVX builds, F32x8, with the operations that weighted sums need.
+// Lanes of floats: F32x1, F32x4 and, in the AVX builds, F32x8, with their arithmetic.
 //
 // F32x1 keeps its value in the low lane of a vector register, so all widths round alike.
 #pragma once
@@ -38,10 +38,14 @@ struct F32x4 {
   __m128 v;
   static NOX_INLINE F32x4 load(const elem* p) { return {_mm_loadu_ps(p)}; }
   static NOX_INLINE F32x4 zero() { return {_mm_setzero_ps()}; }
+  static NOX_INLINE F32x4 all(elem x) { return {_mm_set1_ps(x)}; }
   NOX_INLINE void store(elem* p) const { _mm_storeu_ps(p, v); }
 };
 NOX_INLINE F32x4 operator+(F32x4 a, F32x4 b) { return {_mm_add_ps(a.v, b.v)}; }
 NOX_INLINE F32x4 operator*(F32x4 a, F32x4 b) { return {_mm_mul_ps(a.v, b.v)}; }
+NOX_INLINE F32x4 operator/(F32x4 a, F32x4 b) { return {_mm_div_ps(a.v, b.v)}; }
+// The second operand where the first is a NaN.
+NOX_INLINE F32x4 min(F32x4 a, F32x4 b) { return {_mm_min_ps(a.v, b.v)}; }
 
 #if NOX_LEVEL >= 3
 struct F32x8 {
@@ -50,10 +54,13 @@ struct F32x8 {
   __m256 v;
   static NOX_INLINE F32x8 load(const elem* p) { return {_mm256_loadu_ps(p)}; }
   static NOX_INLINE F32x8 zero() { return {_mm256_setzero_ps()}; }
+  static NOX_INLINE F32x8 all(elem x) { return {_mm256_set1_ps(x)}; }
   NOX_INLINE void store(elem* p) const { _mm256_storeu_ps(p, v); }
 };
 NOX_INLINE F32x8 operator+(F32x8 a, F32x8 b) { return {_mm256_add_ps(a.v, b.v)}; }
 NOX_INLINE F32x8 operator*(F32x8 a, F32x8 b) { return {_mm256_mul_ps(a.v, b.v)}; }
+NOX_INLINE F32x8 operator/(F32x8 a, F32x8 b) { return {_mm256_div_ps(a.v, b.v)}; }
+NOX_INLINE F32x8 min(F32x8 a, F32x8 b) { return {_mm256_min_ps(a.v, b.v)}; }
 #endif
 
 // A value that stands four times at p, which is a boundary of 16 bytes, in all lanes.

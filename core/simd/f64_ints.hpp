@@ -19,7 +19,10 @@ NOX_INLINE F64x2 widen<F64x2>(const Nox32s* p) {
 #if NOX_LEVEL >= 3
 template <>
 NOX_INLINE F64x4 widen<F64x4>(const Nox32s* p) {
-  return {_mm256_cvtepi32_pd(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p)))};
+  // From a register: for a conversion straight from memory emulators have been seen to read as many bytes as it writes.
+  __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+  asm("" : "+x"(x));
+  return {_mm256_cvtepi32_pd(x)};
 }
 #endif
 

@@ -4,22 +4,12 @@
 // are rounded in the mode in force. A result above the range, or a NaN, must be cut off by the functor; one below it
 // becomes the smallest integer by itself.
 #pragma once
+#include "core/simd/f32.hpp"
 #include "core/simd/f64.hpp"
 #include "core/simd/ints.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
-
-// Lanes of single precision, as many as there are 32-bit integers in a vector.
-struct F32x4 {
-  using elem = Nox32f;
-  __m128 v;
-  static NOX_INLINE F32x4 all(Nox32f x) { return {_mm_set1_ps(x)}; }
-};
-NOX_INLINE F32x4 operator*(F32x4 a, F32x4 b) { return {_mm_mul_ps(a.v, b.v)}; }
-NOX_INLINE F32x4 operator/(F32x4 a, F32x4 b) { return {_mm_div_ps(a.v, b.v)}; }
-// The second operand where the first is a NaN.
-NOX_INLINE F32x4 min(F32x4 a, F32x4 b) { return {_mm_min_ps(a.v, b.v)}; }
 
 template <class F, class... V>
 NOX_INLINE V128<Nox32s> by_floats(F f, V128<Nox32s> a, V... more) {
@@ -49,15 +39,6 @@ NOX_INLINE V128<Nox32s> by_doubles(F f, V128<Nox32s> a, V... more) {
 }
 
 #if NOX_LEVEL >= 4
-struct F32x8 {
-  using elem = Nox32f;
-  __m256 v;
-  static NOX_INLINE F32x8 all(Nox32f x) { return {_mm256_set1_ps(x)}; }
-};
-NOX_INLINE F32x8 operator*(F32x8 a, F32x8 b) { return {_mm256_mul_ps(a.v, b.v)}; }
-NOX_INLINE F32x8 operator/(F32x8 a, F32x8 b) { return {_mm256_div_ps(a.v, b.v)}; }
-NOX_INLINE F32x8 min(F32x8 a, F32x8 b) { return {_mm256_min_ps(a.v, b.v)}; }
-
 template <class F, class... V>
 NOX_INLINE V256<Nox32s> by_floats(F f, V256<Nox32s> a, V... more) {
   return {_mm256_cvtps_epi32(f(F32x8{_mm256_cvtepi32_ps(a.v)}, F32x8{_mm256_cvtepi32_ps(more.v)}...).v)};

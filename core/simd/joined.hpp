@@ -17,7 +17,11 @@ NOX_INLINE Split<V> load_joined(const Nox64f* p) {
     const V a = V::load(p), b = V::load(p + 2);
     return {low_halves(a, b), high_halves(a, b)};
   } else {
-#if NOX_LEVEL >= 3
+#if NOX_LEVEL >= 4
+    const V a = V::load(p), b = V::load(p + 4);
+    const auto sorted = [](V x) { return V{_mm256_permute4x64_pd(x.v, 0xD8)}; };
+    return {sorted(low_halves(a, b)), sorted(high_halves(a, b))};
+#elif NOX_LEVEL == 3
     const auto pair = [p](int i, int k) {
       return V{_mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(p + 2 * i)), _mm_loadu_pd(p + 2 * k), 1)};
     };

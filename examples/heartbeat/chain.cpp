@@ -72,13 +72,14 @@ Signals filter(const Recording& recording, int block) {
   // A new filter has seen zeros, so the signal begins at zero too; it stays at its last value until the delayed
   // outputs are out. A step at either end would look like a beat.
   const std::size_t len = recording.samples.size();
-  const double first = recording.samples.front();
+  const int count = static_cast<int>(len);
   std::vector<double> input(len + energy_delay);
-  for (std::size_t i = 0; i < input.size(); ++i) {
-    input[i] = (recording.samples[std::min(i, len - 1)] - first) / kCountsPerMillivolt;
-  }
   Signals signals{std::vector<double>(len), std::vector<double>(input.size()), std::vector<double>(input.size()), 0};
-  for (std::size_t i = 0; i < len; ++i) signals.raw[i] = recording.samples[i] / kCountsPerMillivolt;
+  double* const raw = signals.raw.data();
+  check(noxsConvert_16s64f_Sfs_Idx(recording.samples.data(), 0, raw, 0, count, 0), "noxsConvert_16s64f_Sfs_Idx");
+  check(noxsDivC_64f_I_Idx(kCountsPerMillivolt, raw, 0, count), "noxsDivC_64f_I_Idx");
+  check(noxsSubC_64f_Idx(raw, 0, raw[0], input.data(), 0, count), "noxsSubC_64f_Idx");
+  check(noxsSet_64f_Idx(input[len - 1], input.data(), count, static_cast<int>(energy_delay)), "noxsSet_64f_Idx");
 
   const auto start = std::chrono::steady_clock::now();
   FirStream band(band_taps), smooth(smooth_taps);

@@ -90,7 +90,7 @@ const std::vector<Recipe> kOtherRecipes = {
 
 std::vector<Recipe> recipes() {
   std::vector<Recipe> all;
-  for (const std::vector<Recipe>* list : {&kFilterRecipes, &kTransformRecipes, &kOtherRecipes})
+  for (const std::vector<Recipe>* list : {&kFilterRecipes, &kRecursiveRecipes, &kTransformRecipes, &kOtherRecipes})
     all.insert(all.end(), list->begin(), list->end());
   return all;
 }

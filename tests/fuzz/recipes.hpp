@@ -3,5 +3,5 @@
 #include "fuzz/run.hpp"
 
 namespace fuzz {
-extern const std::vector<Recipe> kFilterRecipes, kTransformRecipes, kOtherRecipes;
+extern const std::vector<Recipe> kFilterRecipes, kRecursiveRecipes, kTransformRecipes, kOtherRecipes;
 }

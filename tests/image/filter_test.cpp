@@ -97,6 +97,9 @@ TEST_P(PlaneFilter, BordersOfEveryKindAtExactMemory) {
       for (int sides = 0; sides < 256; sides += 16, ++turn)
         border_case(s, kind | sides, turn % 2 ? Edge::End : Edge::Start, turn % 5, fuses(), random);
   for (const Shape& s : shapes) border_case(s, 240, Edge::End, 0, fuses(), random);
+  // Rows that collide in the cache, which go in strips.
+  for (const int border : {noxBorderRepl | noxBorderInMemTop, noxBorderMirror | noxBorderInMemRight, 0xF0})
+    border_case({2, 11, 1018, 14}, border, Edge::End, 0, fuses(), random);
 }
 
 TEST_P(PlaneFilter, AnchorAtExactMemory) {

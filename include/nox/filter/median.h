@@ -37,7 +37,7 @@ NOX_API(NoxStatus) noxsFilterMedianGetBufferSize(int maskSize, int dataType, int
  * otherwise a; if it is above c, the output is the smaller if that is at least c, otherwise c; if not, it is the larger
  * itself. With a NaN in the window the output follows from these comparisons, and the same holds for m = 5, whose
  * comparisons pick the second value where neither is the lesser or the greater. From m = 7 on, a NaN makes
- * all later outputs of the call meaningless, though it harms nothing else, and which of the zeros -0 and +0 comes out
+ * all outputs of the call meaningless, though it harms nothing else, and which of the zeros -0 and +0 comes out
  * is not told.
  *
  * The time of an output grows with m from 7 on.

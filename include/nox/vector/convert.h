@@ -130,8 +130,8 @@ NOX_API(NoxStatus) noxsConvert_64s32s_Sfs(const Nox64s pSrc[], Nox32s pDst[], in
 /**
  * @brief Scales reals, rounds by mode to integers and saturates. Equal in all builds.
  *
- * ::noxRndNear rounds as the thread's rounding mode says, which is to nearest unless it was changed. A NaN becomes the
- * highest value, for Nox32s of floats the highest float below it.
+ * The rounding mode of the thread has no part in it. A NaN becomes the highest value, for Nox32s of floats the highest
+ * float below it.
  *
  * @param pSrc         array of @p len elements
  * @param pDst         array of @p len elements; must not overlap the source
@@ -157,8 +157,7 @@ NOX_API(NoxStatus) noxsConvert_64f32s_Sfs(const Nox64f pSrc[], Nox32s pDst[], in
 /**
  * @brief Scales floats, rounds to nearest, halves to even, and saturates to 24 bits. Equal in all builds.
  *
- * Rounds as the thread's rounding mode says, which is to nearest unless it was changed. A NaN becomes the highest
- * value.
+ * The rounding mode of the thread has no part in it. A NaN becomes the highest value.
  *
  * @param pSrc         array of @p len elements
  * @param pDst         array of @p len elements; must not overlap the source
@@ -199,8 +198,7 @@ NOX_API(NoxStatus) noxsConvert_16s16f(const Nox16s pSrc[], Nox16f pDst[], int le
 /**
  * @brief Scales halves, rounds to integers and saturates. Equal in all builds.
  *
- * ::noxRndNear rounds as the thread's rounding mode says, which is to nearest unless it was changed. A NaN becomes the
- * highest value.
+ * The rounding mode of the thread has no part in it. A NaN becomes the highest value.
  *
  * @param pSrc         array of @p len elements
  * @param pDst         array of @p len elements; must not overlap the source
