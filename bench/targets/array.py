@@ -28,3 +28,11 @@ BARS = [
     Bar("h9: tests of neighbours at the traffic limit or the best peer, 32 MiB", r"InternalCollectK1?_64f",
         size(32 * MIB, 1 << 40), against_limit_or_peer, 0.95, build="h9", family="array"),
 ]
+
+LIMITS = """
+Division of complex numbers takes one element at a time by contract, which leaves the compilers' two divisions in one
+instruction ahead. The lists of places and the compressions go through the bits of a comparison one by one; the
+compilers' loops branch on every element, which costs nothing where a processor remembers a short array's outcomes, as
+it does here. A count of a histogram takes 1.6 cycles of reading and writing memory; four tables counted in turn and
+added at the end were slower (0.6 ns against 0.45 an element for indexes, no gain for values).
+"""

@@ -8,3 +8,7 @@ BARS = [
     Bar("Magnitudes, powers, parts and absolute values at least at GCC and clang, 1000 elements",
         r"noxs(Magnitude|PowerSpectr|Real|Abs)\w+", elements(1000), against(*COMPILERS), 1.0, family="complex"),
 ]
+
+LIMITS = """
+What is below stays within the noise of a few per cent of loops that are bound by loads and stores.
+"""

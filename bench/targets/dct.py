@@ -20,3 +20,8 @@ BARS = [
         r"spec of DCT length \d+", lambda row: power_of_two(row) and row.len >= 1024,
         against_row(lambda row: (row.name.removeprefix("spec of "), "aligned")), 1 / 3, family="dct"),
 ]
+
+LIMITS = """
+At 16 to 128 points the passes before and after the real transform cost as much as it does, for they take each value
+twice. Length 5000 goes by a chirp and complex transforms of 8192 points; FFTW has a plan of the factors 2 and 5.
+"""

@@ -10,3 +10,9 @@ BARS = [
     Bar("Square root at least 0.95 of packed roots, 1000 elements", r"noxsSqrt_64f(_I)?", elements(1000),
         against("packed"), 0.95),
 ]
+
+LIMITS = """
+The quotients of two complex numbers need three exact cases of magnitudes, which are looked at for every vector.
+Tried: one division for four magnitudes (spills eight registers), one for two vectors, parts apart (kept), loops
+unrolled by two (slower).
+"""

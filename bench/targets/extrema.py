@@ -12,3 +12,8 @@ BARS = [
     Bar("Maximum at least 0.95 of the traffic limit or of the best peer, 32 MiB", r"noxsMax_64f", size(32 * MIB, 1 << 40),
         against_limit_or_peer, 0.95, family="extrema"),
 ]
+
+LIMITS = """
+Minimum and maximum at once are two operations on each vector, in the compilers' loops as well. The elementwise
+extremes of 16 and 32 bits are the array layer's, which has no 256-bit integers.
+"""

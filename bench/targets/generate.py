@@ -11,3 +11,8 @@ BARS = [
     Bar("Tones at least 0.8 of a bare fill through the caches, 32 MiB", r"noxsTone_Direct_64fc?.*", size(32 * MIB, 1 << 40),
         against("limit"), 0.8),
 ]
+
+LIMITS = """
+A tone is written through the caches as it is computed; in memory its time is that of the fill, plus what the fill's
+own noise adds.
+"""

@@ -14,3 +14,8 @@ BARS = [
     Bar("Complex fill at the speed of real fill, 1 KiB and more", "noxsSet_64fc", size(KIB, 1 << 40),
         against_row(lambda r: ("noxsSet_64f", "aligned")), 1.0),
 ]
+
+LIMITS = """
+Short fills of complex numbers read their value as words, for a caller may have pushed it just before and a wide load
+of it would wait. In memory, repetitions differ by more than the distance to the bar.
+"""

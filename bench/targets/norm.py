@@ -10,3 +10,9 @@ BARS = [
     Bar("Norms at the traffic limit or the best peer, 32 MiB", r"noxsNorm\w+", size(MIB, 64 * MIB), against_limit_or_peer,
         0.95, family="norm"),
 ]
+
+LIMITS = """
+The maxima of real magnitudes watch for a NaN, which decides whether the four-lane order must be taken: two more
+instructions for two vectors, without which the loop is at the compilers' speed. Normalisation divides twice before
+the loop.
+"""

@@ -9,3 +9,8 @@ BARS = [
     Bar("Sorts of bytes at least 50 times std::sort, from 128 elements on", r"noxsSort(A|De)scend_8u_I", every_row,
         against("std::sort"), 50.0, family="sort"),
 ]
+
+LIMITS = """
+Networks sort up to 256 or 512 bytes, then counting takes over, whose 256 counters are cleared and walked in every
+call; std::sort is quick on few distinct values too.
+"""

@@ -7,3 +7,9 @@ BARS = [
     Bar("FIR by overlap-save at least at FFTW's plans by the same scheme", r"overlap-save FIR.*", every_row, against("FFTW"), 1.0,
         family="spectral"),
 ]
+
+LIMITS = """
+Every call makes its transform's tables in the caller's buffer, which FFTW's plans have ready. Tables out of strided
+copies of one wave, one wave for both transforms inside and products without recombination brought that from the time
+of two transforms to below one.
+"""

@@ -7,3 +7,7 @@ BARS = [
     Bar("Inverse threshold at least at packed divisions, 1000 elements", r"noxsThreshold_LTInv_64f", elements(1000),
         against("packed"), 1.0, family="threshold"),
 ]
+
+LIMITS = """
+Bound by the stores; within a few per cent of clang.
+"""
