@@ -140,11 +140,12 @@ TEST(ArrayHistogram, ByValue) {
 
 TEST(ArrayHistogram, WithoutACut) {
   const Nox64f x[5] = {-1.5, 0.0, 1.0, 2.5, -1.0};
-  Nox32u counts[5] = {};
+  Nox32u counts[6] = {};
   Nox64f sums[5] = {};
-  call(HistogramCount_Idx, x - 1, 1, 2.0, 0.0, counts + 2 - 7, 7, 0, 3u);
-  EXPECT_EQ(counts[4], 1u);
-  EXPECT_EQ(counts[2], 1u);
+  call(HistogramCount_Idx, x - 1, 1, 2.0, 0.0, counts + 3 - 7, 7, 0, 3u);
+  EXPECT_EQ(counts[0], 1u);
+  EXPECT_EQ(counts[3], 1u);
+  EXPECT_EQ(counts[5], 1u);
   call(HistogramSum_Idx, x + 1, -1, 1.0, 0.0, sums + 2, 0, -3, 5u);
   EXPECT_EQ(sums[4], 2.5);
   EXPECT_EQ(sums[1], -2.5);
