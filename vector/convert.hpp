@@ -12,6 +12,11 @@ inline namespace NOX_VARIANT {
 
 NOX_INLINE __m128i load_16(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
 NOX_INLINE __m128i load_8(const void* p) { return _mm_loadl_epi64(static_cast<const __m128i*>(p)); }
+NOX_INLINE __m128i load_4(const void* p) {
+  int four;
+  __builtin_memcpy(&four, p, sizeof four);
+  return _mm_cvtsi32_si128(four);
+}
 NOX_INLINE void store_16(void* p, __m128i x) { _mm_storeu_si128(static_cast<__m128i*>(p), x); }
 NOX_INLINE void store_8(void* p, __m128i x) { _mm_storel_epi64(static_cast<__m128i*>(p), x); }
 
@@ -35,6 +40,15 @@ NOX_INLINE __m128i words_of(Ints8 a) {
   const Quads8 q = quads(a);
   return pack<To>(V128<Nox32s>{q.low}, V128<Nox32s>{q.high}).v;
 }
+
+#if NOX_LEVEL >= 2
+// Four elements in the lowest bytes as integers.
+template <class T>
+NOX_INLINE __m128i four_from(__m128i x) {
+  if constexpr (sizeof(T) == 1) return is_signed<T> ? _mm_cvtepi8_epi32(x) : _mm_cvtepu8_epi32(x);
+  return is_signed<T> ? _mm_cvtepi16_epi32(x) : _mm_cvtepu16_epi32(x);
+}
+#endif
 
 // ---- 24 bits: four elements are 12 bytes
 template <bool Signed>
@@ -67,6 +81,10 @@ struct Format {
   static constexpr size_t kPer = 1;
   static constexpr bool kCuts = sizeof(T) < 4;
   static NOX_INLINE auto take(const T* p) {
+#if NOX_LEVEL == 2 || NOX_LEVEL == 3
+    if constexpr (sizeof(T) == 1) return ints8({four_from<T>(load_4(p)), four_from<T>(load_4(p + 4))});
+    if constexpr (sizeof(T) == 2) return ints8({four_from<T>(load_8(p)), four_from<T>(load_8(p + 4))});
+#endif
     if constexpr (sizeof(T) == 1) {
       return from_words<is_signed<T>>(words_from_bytes<is_signed<T>>(load_8(p)));
     } else if constexpr (sizeof(T) == 2) {
@@ -149,23 +167,34 @@ struct Format<Nox32f> : RealFormat<Floats8, Nox32f> {};
 template <>
 struct Format<Nox64f> : RealFormat<Doubles8, Nox64f> {};
 
-// ---- sixteen bytes with signs become words as they are stored
+// ---- sixteen bytes with signs as words
 struct SignedBytes16 {
   using elem = Nox8s;
   static constexpr size_t kPer = 1;
-  static NOX_INLINE __m128i take(const Nox8s* p) { return load_16(p); }
+#if NOX_LEVEL >= 4
+  static NOX_INLINE __m256i take(const Nox8s* p) { return _mm256_cvtepi8_epi16(load_16(p)); }
+#elif NOX_LEVEL >= 2
+  static NOX_INLINE Quads8 take(const Nox8s* p) {
+    return {_mm_cvtepi8_epi16(load_8(p)), _mm_cvtepi8_epi16(load_8(p + 8))};
+  }
+#else
+  static NOX_INLINE Quads8 take(const Nox8s* p) {
+    const __m128i x = load_16(p);
+    return {_mm_srai_epi16(_mm_unpacklo_epi8(x, x), 8), _mm_srai_epi16(_mm_unpackhi_epi8(x, x), 8)};
+  }
+#endif
 };
-struct WordsOfBytes16 {
+struct Words16 {
   using elem = Nox16s;
   static constexpr size_t kPer = 1;
-  static NOX_INLINE void put(Nox16s* p, __m128i x) {
 #if NOX_LEVEL >= 4
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm256_cvtepi8_epi16(x));
+  static NOX_INLINE void put(Nox16s* p, __m256i x) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), x); }
 #else
-    store_16(p, _mm_srai_epi16(_mm_unpacklo_epi8(x, x), 8));
-    store_16(p + 8, _mm_srai_epi16(_mm_unpackhi_epi8(x, x), 8));
-#endif
+  static NOX_INLINE void put(Nox16s* p, Quads8 x) {
+    store_16(p, x.low);
+    store_16(p + 8, x.high);
   }
+#endif
 };
 
 // d[i] = f(s[i]) in these formats, which take and put `Step` elements at once.

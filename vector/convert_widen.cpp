@@ -31,7 +31,7 @@ using namespace nox;
 extern "C" {
 
 NoxStatus NOX_BODY(noxsConvert_8s16s)(const Nox8s* s, Nox16s* d, int len) {
-  return convert<SignedBytes16, WordsOfBytes16, 16>(s, d, len, Same{});
+  return convert<SignedBytes16, Words16, 16>(s, d, len, Same{});
 }
 NoxStatus NOX_BODY(noxsConvert_8s32f)(const Nox8s* s, Nox32f* d, int len) {
   return convert<Format<Nox8s>, Format<Nox32f>>(s, d, len, ToFloats{});
