@@ -1,6 +1,8 @@
 // Parts of complex arrays, powers and magnitudes, absolute values.
 #include "vector/complex.hpp"
 
+#include "core/simd/ints_wide.hpp"
+
 namespace nox {
 inline namespace NOX_VARIANT {
 namespace {
@@ -23,6 +25,18 @@ constexpr auto imaginary_part = [](Pairs z) NOX_INLINED { return z.im; };
 constexpr auto both_parts = [](Pairs z) NOX_INLINED { return z; };
 constexpr auto joined = [](Reals re, Reals im) NOX_INLINED { return Pairs{re, im}; };
 
+// Without signs; the lowest value stays as it is.
+template <class V>
+NOX_INLINE V unsigned_size(V x) {
+  const V sign = shift_right(x, 31);
+  return (x ^ sign) - sign;
+}
+#if NOX_LEVEL >= 1
+NOX_INLINE V128<Nox32s> unsigned_size(V128<Nox32s> x) { return {_mm_abs_epi32(x.v)}; }
+#endif
+#if NOX_LEVEL >= 4
+NOX_INLINE V256<Nox32s> unsigned_size(V256<Nox32s> x) { return {_mm256_abs_epi32(x.v)}; }
+#endif
 // Cut at the largest value: the one magnitude beyond it is that of the lowest value, which stays negative at first.
 struct Absolute {
   template <class V>
@@ -30,8 +44,11 @@ struct Absolute {
     if constexpr (sizeof(typename V::elem) == 2) {
       return max(x, sub_saturated(V::zero(), x));
     } else {
-      const V sign = shift_right(x, 31), magnitude = (x ^ sign) - sign;
-      return magnitude + shift_right(magnitude, 31);
+      const V magnitude = unsigned_size(x);
+      if constexpr (NOX_LEVEL >= 2 && V::N > 1)
+        return as_lanes<Nox32s>(min(as_lanes<Nox32u>(magnitude), as_lanes<Nox32u>(V::all(INT32_MAX))));
+      else
+        return magnitude + shift_right(magnitude, 31);
     }
   }
 };
