@@ -71,7 +71,7 @@ Call::Call(Run& r, const Declaration& d)
       choose_value(i);
   }
   // What isn't compared with the other builds is compared by status alone where a NaN may spread as it likes.
-  if (wild && !d.equal) compared = false;
+  if (wild && (!d.equal || follows_address(d))) compared = false;
 }
 
 size_t Call::index(const std::string& name) const {

@@ -95,6 +95,8 @@ void shape(Call& call);
 bool begins(const std::string& name, const std::string& beginnings);
 // An element's result depends on the same element of the sources alone, and all arrays have the length's elements.
 bool is_elementwise(const Declaration& d);
+// Where a NaN stands among the lanes, and with it the result, follows from the source's address.
+bool follows_address(const Declaration& d);
 // Why the function isn't called by itself; null if it is.
 const char* reason_to_skip(const Declaration& d);
 double tolerance_of(const Declaration& d);

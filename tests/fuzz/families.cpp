@@ -68,6 +68,10 @@ double tolerance_of(const Declaration& d) {
   return kBits;
 }
 
+bool follows_address(const Declaration& d) {
+  return begins(d.name, "noxsNorm_Inf_64f|noxsNormDiff_Inf_64f") && d.name.find("64fc") == std::string::npos;
+}
+
 bool is_elementwise(const Declaration& d) {
   return begins(d.name, kElementwise) && d.name.find("24") == std::string::npos;
 }
