@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <memory>
 
+#include "command.hpp"
+
 namespace examples {
 namespace {
 

@@ -5,16 +5,10 @@
 #pragma once
 
 #include <cstdint>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace examples {
-
-// Input that can't be worked on; the text is meant for the user.
-struct Error : std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
 
 struct Recording {
   int rate;  // samples per second

@@ -11,17 +11,14 @@
 
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
-#include <exception>
-#include <new>
 #include <string>
 #include <vector>
 
+#include "command.hpp"
 #include "pgm.hpp"
 
 namespace {
 
-using examples::Error;
 using examples::Image;
 
 constexpr int kSide = 3;  // of the kernels
@@ -100,32 +97,11 @@ std::vector<Nox64f> gradient(const Image& image) {
   return lengths;
 }
 
-int parse_mask(const std::string& text) {
-  char* end = nullptr;
-  const long value = std::strtol(text.c_str(), &end, 10);
-  if (text.empty() || *end != '\0' || value < 1 || value > 1000) {
-    throw Error("--median: '" + text + "' is no number from 1 to 1000");
-  }
-  return static_cast<int>(value);
-}
-
 void run(int argc, char** argv) {
-  std::string path, saved, result;
-  int mask = 1;
-  for (int i = 1; i < argc; ++i) {
-    const std::string argument = argv[i];
-    const bool option = argument == "--median" || argument == "--save" || argument == "--out";
-    if (option && i + 1 == argc) throw Error(argument + ": a value is missing");
-    if (argument == "--median") {
-      mask = parse_mask(argv[++i]);
-    } else if (option) {
-      (argument == "--out" ? result : saved) = argv[++i];
-    } else if (argument.compare(0, 2, "--") == 0) {
-      throw Error("unknown option '" + argument + "'");
-    } else {
-      path = argument;
-    }
-  }
+  examples::Options options = {{"--median", "1"}, {"--save", ""}, {"--out", ""}};
+  const std::string path = examples::parse(argc, argv, options, "");
+  const int mask = examples::whole_number("--median", options["--median"], 1000);
+  const std::string &saved = options["--save"], &result = options["--out"];
   Image image = path.empty() ? test_image() : examples::read_pgm(path);
   if (!saved.empty()) examples::write_pgm(saved, image);
   smooth(image, mask);
@@ -145,14 +121,4 @@ void run(int argc, char** argv) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  try {
-    run(argc, argv);
-    return 0;
-  } catch (const std::bad_alloc&) {
-    std::fputs("edges: the image is too large for the memory of a 32-bit process\n", stderr);
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "edges: %s\n", error.what());
-  }
-  return 2;
-}
+int main(int argc, char** argv) { return examples::finish("edges", "image", run, argc, argv); }

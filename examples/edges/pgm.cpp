@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <memory>
 
+#include "command.hpp"
+
 namespace examples {
 namespace {
 

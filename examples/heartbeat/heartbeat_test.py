@@ -165,7 +165,7 @@ class Heartbeat(unittest.TestCase):
 
     def test_options_that_are_refused(self):
         for block in ("0", "-5", "", "ten", "10x", "1.5", "99999999999"):
-            self.refuse("is no number of samples", "--block", block)
+            self.refuse("is no number from 1 to", "--block", block)
         for option in ("--block", "--variant", "--svg"):
             self.refuse("a value is missing", option)
         self.refuse("is none of w7", "--variant", "x1")

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "command.hpp"
 #include "wav.hpp"
 
 namespace heartbeat {

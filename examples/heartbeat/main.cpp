@@ -3,10 +3,9 @@
 // A host of the library as any other: it knows the public headers alone. Exit status 0 is success, 1 an error of the
 // library, 2 an input or an option that can't be worked on.
 #include <cstdio>
-#include <exception>
 #include <fstream>
-#include <new>
 
+#include "command.hpp"
 #include "library.hpp"
 #include "options.hpp"
 #include "plot.hpp"
@@ -33,7 +32,12 @@ void write_file(const std::string& path, const std::string& text) {
   if (!file) throw Error(path + ": can't be written");
 }
 
-void run(const Options& options) {
+void run(int argc, char** argv) {
+  const Options options = parse_options(argc, argv);
+  if (options.help) {
+    std::fputs(kUsage, stdout);
+    return;
+  }
   if (!options.variant.empty()) select_build(options.variant);
   const Recording recording = examples::read_wav(options.recording);
   const Signals signals = filter(recording, options.block);
@@ -65,19 +69,4 @@ void run(const Options& options) {
 }  // namespace
 }  // namespace heartbeat
 
-int main(int argc, char** argv) {
-  try {
-    const heartbeat::Options options = heartbeat::parse_options(argc, argv);
-    if (options.help) {
-      std::fputs(heartbeat::kUsage, stdout);
-    } else {
-      heartbeat::run(options);
-    }
-    return 0;
-  } catch (const std::bad_alloc&) {
-    std::fputs("heartbeat: the recording is too long for the memory of a 32-bit process\n", stderr);
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "heartbeat: %s\n", error.what());
-  }
-  return 2;
-}
+int main(int argc, char** argv) { return examples::finish("heartbeat", "recording", heartbeat::run, argc, argv); }

@@ -1,11 +1,9 @@
 // The command line: options in any order, then at most one path.
 #include "options.hpp"
 
-#include <cerrno>
 #include <climits>
-#include <cstdlib>
 
-#include "wav.hpp"
+#include "command.hpp"
 
 namespace heartbeat {
 
@@ -23,20 +21,6 @@ const char* const kUsage =
     "  --beats          print the sample number of every beat in place of the table\n"
     "  --help           print this text\n";
 
-namespace {
-
-int parse_block(const std::string& text) {
-  char* end = nullptr;
-  errno = 0;
-  const long value = std::strtol(text.c_str(), &end, 10);
-  if (text.empty() || *end != '\0' || errno != 0 || value < 1 || value > INT_MAX) {
-    throw Error("--block: '" + text + "' is no number of samples from 1 on");
-  }
-  return static_cast<int>(value);
-}
-
-}  // namespace
-
 Options parse_options(int argc, char** argv) {
   Options options;
   options.recording = HEARTBEAT_RECORDING;
@@ -51,7 +35,7 @@ Options parse_options(int argc, char** argv) {
     } else if (argument == "--beats") {
       options.list_beats = true;
     } else if (argument == "--block") {
-      options.block = parse_block(value());
+      options.block = examples::whole_number(argument, value(), INT_MAX);
     } else if (argument == "--variant") {
       options.variant = value();
     } else if (argument == "--svg") {

@@ -10,17 +10,14 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
-#include <exception>
-#include <new>
 #include <string>
 #include <vector>
 
+#include "command.hpp"
 #include "wav.hpp"
 
 namespace {
 
-using examples::Error;
 using examples::Recording;
 
 constexpr double kPi = 3.14159265358979323846;
@@ -64,32 +61,11 @@ std::vector<double> resample(const std::vector<double>& samples, const std::vect
 
 std::int16_t rounded(double x) { return static_cast<std::int16_t>(std::lrint(std::clamp(x, -32768.0, 32767.0))); }
 
-int parse_block(const std::string& text) {
-  char* end = nullptr;
-  const long value = std::strtol(text.c_str(), &end, 10);
-  if (text.empty() || *end != '\0' || value < 1 || value > 1000000) {
-    throw Error("--block: '" + text + "' is no number from 1 to 1000000");
-  }
-  return static_cast<int>(value);
-}
-
 void run(int argc, char** argv) {
-  std::string path = RESAMPLE_RECORDING, result;
-  int block = 100;
-  for (int i = 1; i < argc; ++i) {
-    const std::string argument = argv[i];
-    const bool option = argument == "--block" || argument == "--out";
-    if (option && i + 1 == argc) throw Error(argument + ": a value is missing");
-    if (argument == "--block") {
-      block = parse_block(argv[++i]);
-    } else if (argument == "--out") {
-      result = argv[++i];
-    } else if (argument.compare(0, 2, "--") == 0) {
-      throw Error("unknown option '" + argument + "'");
-    } else {
-      path = argument;
-    }
-  }
+  examples::Options options = {{"--block", "100"}, {"--out", ""}};
+  const std::string path = examples::parse(argc, argv, options, RESAMPLE_RECORDING);
+  const int block = examples::whole_number("--block", options["--block"], 1000000);
+  const std::string& result = options["--out"];
   const Recording recording = examples::read_wav(path);
   const std::size_t len = recording.samples.size();
   const std::size_t wanted = len * kUp / kDown;  // outputs
@@ -118,14 +94,4 @@ void run(int argc, char** argv) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  try {
-    run(argc, argv);
-    return 0;
-  } catch (const std::bad_alloc&) {
-    std::fputs("resample: the recording is too long for the memory of a 32-bit process\n", stderr);
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "resample: %s\n", error.what());
-  }
-  return 2;
-}
+int main(int argc, char** argv) { return examples::finish("resample", "recording", run, argc, argv); }
