@@ -64,12 +64,14 @@ NOX_INLINE void mr_sums(std::index_sequence<K...>, const E* taps, size_t rows, s
   (put(K, sum[K].result()), ...);
 }
 
-NOX_INLINE bool any_nan(F64x1 a) { return mask_bits(is_nan(a)) != 0; }
-NOX_INLINE bool any_nan(F64x2 a) { return mask_bits(is_nan(a)) != 0; }
-NOX_INLINE bool any_nan(C64x1 a) { return any_nan(parts(a)); }
+// The real numbers of a vector of outputs.
+template <class V>
+NOX_INLINE V reals(V a) {
+  return a;
+}
+NOX_INLINE F64x2 reals(C64x1 a) { return parts(a); }
 #if NOX_LEVEL >= 3
-NOX_INLINE bool any_nan(F64x4 a) { return mask_bits(is_nan(a)) != 0; }
-NOX_INLINE bool any_nan(C64x2 a) { return any_nan(parts(a)); }
+NOX_INLINE F64x4 reals(C64x2 a) { return parts(a); }
 #endif
 
 }  // namespace NOX_VARIANT

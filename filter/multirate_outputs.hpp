@@ -33,13 +33,11 @@ struct MrOutputs {
     const int patterns = n / state.iterations, inputs = state.iterations * state.down;
     // The windows of these may begin before the first sample.
     const int early = (state.delayLen + inputs - 1) / inputs;
-    int pattern = 0;
-    for (; pattern < patterns && pattern < early; ++pattern) groups<1>(pattern, state.groups);
-    for (; patterns - pattern >= static_cast<int>(kWindows); pattern += static_cast<int>(kWindows))
-      groups<kWindows>(pattern, state.groups);
-    if (patterns > pattern) some_groups<kWindows - 1>(static_cast<size_t>(patterns - pattern), pattern);
+    const int first = early < patterns ? early : patterns;
+    groups<1>(0, first, state.groups);
+    groups_together<kWindows>(first, patterns);
     const int rest = n % state.iterations * state.up, whole = rest / kLanes;
-    groups<1>(patterns, whole);
+    groups<1>(patterns, patterns + 1, whole);
     for (int m = whole * kLanes; m < rest; ++m) single(patterns * state.iterations + m / state.up, m % state.up);
   }
 
@@ -69,29 +67,33 @@ struct MrOutputs {
   }
   __attribute__((noinline)) void single(int iteration, int phase) const { outputs<1>(iteration, phase); }
 
-  // All groups of `count` patterns, at most Count.
+  // All groups of the patterns from `from` up to `end`, Count patterns at a time and then fewer.
   template <size_t Count>
-  NOX_INLINE void some_groups(size_t count, int pattern) const {
-    if (count == Count) return groups<Count>(pattern, state.groups);
-    if constexpr (Count > 1) some_groups<Count - 1>(count, pattern);
+  NOX_INLINE void groups_together(int from, int end) const {
+    const int whole = (end - from) / static_cast<int>(Count) * static_cast<int>(Count);
+    if (whole > 0) groups<Count>(from, from + whole, state.groups);
+    if constexpr (Count > 1) groups_together<Count - 1>(from + whole, end);
   }
-  // The groups before `end` of Count patterns.
+  // The first `count` groups of the patterns from `from` up to `end`, Count patterns at a time.
   template <size_t Count>
-  __attribute__((noinline)) void groups(int pattern, int end) const {
+  __attribute__((noinline)) void groups(int from, int end, int count) const {
     const size_t iterations = static_cast<size_t>(state.iterations);
     const size_t distance = iterations * static_cast<size_t>(state.up),
                  inputs = iterations * static_cast<size_t>(state.down);
-    E* to = d + static_cast<size_t>(pattern) * distance;
-    for (int g = 0; g < end; ++g, to += kLanes) {
-      const MrWindow w = state.pGroups[g];
-      int nan = 0;
-      mr_sums<V>(std::make_index_sequence<Count>{}, table + static_cast<size_t>(w.at) * kLanes,
-                 static_cast<size_t>(w.count), kLanes, input(w.first + pattern * static_cast<int>(inputs)), inputs,
-                 [&](size_t k, V y) {
-                   y.store(to + k * distance);
-                   nan |= any_nan(y);
-                 });
-      if (nan) again(pattern, g, Count);
+    const MrWindow* const windows = state.pGroups;
+    for (int pattern = from; pattern < end; pattern += static_cast<int>(Count)) {
+      E* to = d + static_cast<size_t>(pattern) * distance;
+      for (int g = 0; g < count; ++g, to += kLanes) {
+        const MrWindow w = windows[g];
+        auto nan = decltype(reals(V::zero()))::zero();
+        mr_sums<V>(std::make_index_sequence<Count>{}, table + static_cast<size_t>(w.at) * kLanes,
+                   static_cast<size_t>(w.count), kLanes, input(w.first + pattern * static_cast<int>(inputs)), inputs,
+                   [&](size_t k, V y) {
+                     y.store(to + k * distance);
+                     nan = nan | is_nan(reals(y));
+                   });
+        if (mask_bits(nan) != 0) again(pattern, g, Count);
+      }
     }
   }
   // A zero of the table times an infinity or a NaN is NaN: a group with one is summed again, tap by tap.
