@@ -209,14 +209,20 @@ NOX_INLINE void convert_eights(const typename From::elem* s, typename To::elem* 
     s += by * From::kPer, d += by * To::kPer, n -= by;
     keep_whole(s), keep_whole(d);
   };
+  typename To::elem last[Step * To::kPer];
+  if (n < Step) {
+    typename From::elem in[Step * From::kPer] = {};
+    __builtin_memcpy(in, s, n * From::kPer * sizeof *s);
+    To::put(last, f(From::take(in)));
+    __builtin_memcpy(d, last, n * To::kPer * sizeof *d);
+    return;
+  }
+  // What no whole step is left for goes with the last step, before the destination, which may be the source, is
+  // written.
+  if (n % Step != 0) To::put(last, f(From::take(s + (n - Step) * From::kPer)));
   for (; n >= 4 * Step; on(4 * Step)) step(0), step(Step), step(2 * Step), step(3 * Step);
   for (; n >= Step; on(Step)) step(0);
-  if (n == 0) return;
-  typename From::elem in[Step * From::kPer] = {};
-  typename To::elem out[Step * To::kPer];
-  __builtin_memcpy(in, s, n * From::kPer * sizeof *s);
-  To::put(out, f(From::take(in)));
-  __builtin_memcpy(d, out, n * To::kPer * sizeof *d);
+  if (n != 0) __builtin_memcpy(d + n * To::kPer - Step * To::kPer, last, sizeof last);
 }
 template <class From, class To, size_t Step = 8, class F>
 NOX_INLINE NoxStatus convert(const typename From::elem* s, typename To::elem* d, int len, F&& f) {
