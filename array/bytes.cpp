@@ -92,8 +92,12 @@ NOX_INLINE V128<Nox32s> dwords(V128<Nox16u> a, bool high) {
   return high ? both.high : both.low;
 }
 NOX_INLINE void store_doubles(V128<Nox32s> a, Nox64f* d) {
+#if NOX_LEVEL >= 3
+  _mm256_storeu_pd(d, _mm256_cvtepi32_pd(a.v));
+#else
   _mm_storeu_pd(d, _mm_cvtepi32_pd(a.v));
   _mm_storeu_pd(d + 2, _mm_cvtepi32_pd(_mm_shuffle_epi32(a.v, 0xEE)));
+#endif
 }
 
 // The integer on the wanted side: by the processor's instruction, or rounded to whichever neighbour the rounding mode

@@ -9,25 +9,33 @@ namespace nox {
 inline namespace NOX_VARIANT {
 namespace {
 
+// In whole vectors, for arrays from one on.
+template <class V, class T, class F>
+NOX_INLINE void vectors(F f, const T* a, const T* b, T* d, Nox32u n) {
+  constexpr Nox32u N = V::N;
+  const auto of = [=](Nox32u i) NOX_INLINED { return f(V::load(a + i), V::load(b + i)); };
+  const V last = of(n - N);  // before the destination, which may be a source, is written
+  Nox32u i = 0;
+#pragma GCC unroll 4
+  for (; n - i >= N; i += N) {
+    of(i).store(d + i);
+    in_order();
+  }
+  if (i < n) last.store(d + (n - N));
+}
 // What the scalar loop from index 0 on gives, whatever overlaps whatever.
 template <class T, class F>
 NOX_INLINE NoxStatus every(F f, const T* a, const T* b, T* d, int len) {
   if (len < 0) return noxStsSizeErr;
-  const Elements<T> x{a}, y{b};
   const Nox32u n = static_cast<Nox32u>(len);
-  constexpr Nox32u N = V128<T>::N;
-  Nox32u i = 0;
-  if (n >= N && !x.changed_by(d, n) && !y.changed_by(d, n)) {
-    const auto last = f(x.lanes(n - N), y.lanes(n - N));  // before the destination, which may be a source, is written
-#pragma GCC unroll 4
-    for (; n - i >= N; i += N) {
-      f(x.lanes(i), y.lanes(i)).store(d + i);
-      in_order();
-    }
-    if (i < n) last.store(d + (n - N));
-    return noxStsNoErr;
-  }
-  for (; i < n; ++i) put_element(d + i, f(IntOne<T>{x.one(i)}, IntOne<T>{y.one(i)}).v);
+  using Wide = typename ints<T>::vec;
+  using One = typename ints<T>::one;
+  if (n < Nox32u(V128<T>::N) || ahead_of(d, a, n) || ahead_of(d, b, n))
+    for (Nox32u i = 0; i < n; ++i) f(One::load(a + i), One::load(b + i)).store(d + i);
+  else if (n < Nox32u(Wide::N))
+    vectors<V128<T>>(f, a, b, d, n);
+  else
+    vectors<Wide>(f, a, b, d, n);
   return noxStsNoErr;
 }
 constexpr auto larger = [](auto a, auto b) { return max(a, b); };

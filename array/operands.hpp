@@ -33,9 +33,11 @@ NOX_INLINE void put_element(T* p, T x) {
 template <class T>
 struct Elements {
   using elem = T;
-  using Lanes = typename lanes_of<T>::vec;
   const T* p;
-  NOX_INLINE Lanes lanes(Nox32u i) const { return Lanes::load(p + i); }
+  template <class V>
+  NOX_INLINE V lanes(Nox32u i) const {
+    return V::load(p + i);
+  }
   NOX_INLINE T one(Nox32u i) const { return element_at(p + i); }
   template <class D>
   NOX_INLINE bool changed_by(const D* d, Nox32u n) const {
@@ -46,9 +48,11 @@ struct Elements {
 template <class T>
 struct Constant {
   using elem = T;
-  using Lanes = typename lanes_of<T>::vec;
   T c;
-  NOX_INLINE Lanes lanes(Nox32u) const { return Lanes::all(c); }
+  template <class V>
+  NOX_INLINE V lanes(Nox32u) const {
+    return V::all(c);
+  }
   NOX_INLINE T one(Nox32u) const { return c; }
   template <class D>
   NOX_INLINE bool changed_by(const D*, Nox32u) const {

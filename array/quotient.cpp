@@ -59,7 +59,7 @@ NOX_INLINE V128<Nox8u> product(V128<Nox8u> a, V128<Nox8u> b) {
 template <class T>
 struct Divisors : Elements<T> {
   NOX_INLINE V128<T> quotient(V128<T> x, Nox32u i) const {
-    return lanes_by([](auto a, auto b) { return a / b; }, x, this->lanes(i));
+    return lanes_by([](auto a, auto b) { return a / b; }, x, this->template lanes<V128<T>>(i));
   }
 };
 template <class T>
@@ -86,7 +86,7 @@ NOX_INLINE void divide(X x, V v, T* quotients, T* remainders, Nox32u n) {
   Nox32u i = 0;
   if (!in_the_way(quotients, remainders) && !in_the_way(remainders, quotients)) {
     for (; n - i >= N; i += N) {
-      const V128<T> a = x.lanes(i), b = v.lanes(i), q = v.quotient(a, i);
+      const V128<T> a = x.template lanes<V128<T>>(i), b = v.template lanes<V128<T>>(i), q = v.quotient(a, i);
       if (quotients) q.store(quotients + i);
       if (remainders) (a - product(q, b)).store(remainders + i);
     }

@@ -44,11 +44,13 @@ set(NOX_FLAGS_p8 -msse4.2 -mno-popcnt)
 set(NOX_FLAGS_g9 -mavx -mno-f16c)
 set(NOX_FLAGS_h9 -mavx2 -mfma -mbmi -mbmi2 -mno-lzcnt -mno-movbe -mno-f16c)
 # The array layer's builds, and the ones at whose level they are.
-set(NOX_ARRAY_BUILDS array arrayavx)
+set(NOX_ARRAY_BUILDS array arrayavx arrayavx2)
 set(NOX_FLAGS_array ${NOX_FLAGS_w7})
 set(NOX_FLAGS_arrayavx ${NOX_FLAGS_g9})
+set(NOX_FLAGS_arrayavx2 ${NOX_FLAGS_h9})
 set(NOX_LEVEL_OF_array w7)
 set(NOX_LEVEL_OF_arrayavx g9)
+set(NOX_LEVEL_OF_arrayavx2 h9)
 
 function(nox_internal_target target)
   add_dependencies(${target} nox_generated)
@@ -94,8 +96,8 @@ endforeach()
 # ---- the rest, once
 file(GLOB NOX_ONCE CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/core/*.cpp ${PROJECT_SOURCE_DIR}/core/*.S
      ${PROJECT_SOURCE_DIR}/adapters/*.cpp)
-# The array layer has two builds, which are written with the lanes and drivers of the others: at the levels of SSE2 and
-# of AVX.
+# The array layer has three builds, which are written with the lanes and drivers of the others: at the levels of SSE2,
+# AVX and AVX2.
 file(GLOB NOX_ARRAY CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/array/*.cpp)
 foreach(tag IN LISTS NOX_ARRAY_BUILDS)
   add_library(nox_${tag} OBJECT ${NOX_ARRAY})

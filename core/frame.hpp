@@ -8,10 +8,10 @@
 #define NOX_HIDDEN __attribute__((visibility("hidden")))
 
 extern "C" {
-NOX_HIDDEN extern int32_t cpuSelector;             // column of the dispatch table; -1: not yet chosen
-NOX_HIDDEN extern Nox64u cpuFeaturesEnabled;       // the feature mask in force
-NOX_HIDDEN NoxStatus noxAutoSelect();              // chooses the build for this processor
-NOX_HIDDEN void nox_initial_select();              // the same, keeping every argument register (assembly)
+NOX_HIDDEN extern int32_t cpuSelector;        // column of the dispatch table; -1: not yet chosen
+NOX_HIDDEN extern Nox64u cpuFeaturesEnabled;  // the feature mask in force
+NOX_HIDDEN NoxStatus noxAutoSelect();         // chooses the build for this processor
+NOX_HIDDEN void nox_initial_select();         // the same, keeping every argument register (assembly)
 }
 
 namespace nox {
@@ -27,8 +27,9 @@ bool noxDetectCpuFeatures(Nox64u& mask);
 Selection noxSelectVariant(Nox64u mask);
 // Makes the features in force what the library believes of the processor.
 void trust_enabled_features();
-// Whether AVX is in force; not before the first call of a primitive or of noxSetCpuFeatures.
+// Whether AVX, AVX2 are in force; not before the first call of a primitive or of noxSetCpuFeatures.
 inline bool has_avx() { return cpuSelector >= 3; }
+inline bool has_avx2() { return cpuSelector >= 4; }
 // Whether every bit of the mask is in force.
 bool noxHasFeature(Nox64u mask);
 

@@ -33,9 +33,10 @@ constexpr Variant s8{"s8", "noxSP Atom (s8)", false, false, kNever, kNever, kNev
 constexpr Variant p8{"p8", "noxSP SSE4.2 (p8)", false, false, kNever, kNever, kNever};
 constexpr Variant g9{"g9", "noxSP AVX (g9)", false, true, 32768, 32768, 0x200000};
 constexpr Variant h9{"h9", "noxSP AVX2 (h9)", true, true, 32768, 32768, 0x200000};
-// The two builds of the array layer.
+// The builds of the array layer.
 constexpr Variant array{"array", "", false, false, kNever, kNever, kNever};
 constexpr Variant arrayavx{"arrayavx", "", false, false, kNever, kNever, kNever};
+constexpr Variant arrayavx2{"arrayavx2", "", false, false, kNever, kNever, kNever};
 }  // namespace variants
 
 constexpr Variant variant = variants::NOX_VARIANT;

@@ -10,7 +10,7 @@ from dataclasses import dataclass, field
 
 from instruction_sets import ALLOWED, BY_FUNCTION, VEX_BUILDS, instruction_set
 
-VARIANTS = ("w7", "s8", "p8", "g9", "h9", "array", "arrayavx")
+VARIANTS = ("w7", "s8", "p8", "g9", "h9", "array", "arrayavx", "arrayavx2")
 # The compiler's helper that reads the program counter: the same two instructions in every build, so merging is safe.
 SAFE_TO_MERGE = re.compile(r"__x86\.get_pc_thunk\.\w+$")
 PREFIXES = {"rep", "repz", "repnz", "lock", "notrack", "bnd", "data16", "addr16", "cs", "ds"}

@@ -8,7 +8,7 @@ A primitive is declared once, as `NOX_API(result) name(parameters);` in a public
 those this script makes, in DIR: `dispatch.S` (stubs, initial entries, rows), `index_forms.cpp` with the header
 `include/nox/index.h`, `bodies.hpp` and `plain.hpp` (typed declarations of the bodies and of the stubs under names
 that stay inside the library), `exports.map` for the linker, `status_rows.inc`, and `declarations.inc`, the
-declarations as data for the tests; and for the array layer, whose two builds have no rows, `array_bodies.hpp` and the
+declarations as data for the tests; and for the array layer, whose builds have no rows, `array_bodies.hpp` and the
 entries that choose between them, `array_entries.cpp`. Files are rewritten only when they change.
 """
 import argparse
@@ -135,8 +135,9 @@ def array_entries(functions, headers):
             out += [f'decltype({f.name}) {f.name} __attribute__((alias("{decl.ONE_WITH[f.name]}")));']
             continue
         parameters, arguments = decl.parameter_list(f.parameters), ", ".join(p.name for p in f.parameters)
-        out += [f"NOX_HIDDEN decltype({f.name}) array_{f.name}, arrayavx_{f.name};",
+        out += [f"NOX_HIDDEN decltype({f.name}) array_{f.name}, arrayavx_{f.name}, arrayavx2_{f.name};",
                 f"{f.result} {f.name}({parameters}) {{",
+                f"  if (nox::has_avx2()) return arrayavx2_{f.name}({arguments});",
                 f"  return nox::has_avx() ? arrayavx_{f.name}({arguments}) : array_{f.name}({arguments});\n}}"]
     return "\n".join(out + ["}"]) + "\n"
 

@@ -49,12 +49,14 @@ SSSE3 = {"SSE3", "SSSE3"}
 SSE42 = SSSE3 | {"SSE4.1", "SSE4.2"}
 AVX = SSE42 | {"AVX"}
 AVX2 = AVX | {"AVX2", "FMA", "BMI1", "BMI2"}
-# What each build may use; "once" is the code compiled once for all processors.
-ALLOWED = {"once": set(), "array": set(), "arrayavx": AVX, "w7": set(), "s8": SSSE3, "p8": SSE42, "g9": AVX, "h9": AVX2}
+# What each build may use; "once" is the code compiled once for all processors
+# (the array layer never fuses a multiplication and an addition).
+ALLOWED = {"once": set(), "array": set(), "arrayavx": AVX, "arrayavx2": AVX2 - {"FMA"},
+           "w7": set(), "s8": SSSE3, "p8": SSE42, "g9": AVX, "h9": AVX2}
 # Instruction sets that a build may use in functions with this name, which run only where noxHasFeature grants it.
 BY_FUNCTION = {("g9", "F16C"): "f16c", ("h9", "F16C"): "f16c"}
 # Builds whose vector instructions must all have the VEX form: mixing the two forms stalls the processor.
-VEX_BUILDS = {"g9", "h9", "arrayavx"}
+VEX_BUILDS = {"g9", "h9", "arrayavx", "arrayavx2"}
 
 
 def instruction_set(mnemonic, operands):
