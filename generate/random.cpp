@@ -150,12 +150,6 @@ NOX_INLINE NoxStatus fill(T* d, int len, void* state, RandomId id) {
   return noxStsNoErr;
 }
 
-NOX_INLINE NoxStatus give(int* size, size_t bytes) {
-  if (!size) return noxStsNullPtrErr;
-  *size = static_cast<int>(bytes);
-  return noxStsNoErr;
-}
-
 }  // namespace
 }  // namespace NOX_VARIANT
 }  // namespace nox

@@ -45,6 +45,13 @@ struct GaussRecord {
   alignas(8) Nox64f f, u, v;  // of that pair
 };
 
+// The bytes of a record, told to a caller who makes room for it.
+NOX_INLINE NoxStatus give(int* size, size_t bytes) {
+  if (!size) return noxStsNullPtrErr;
+  *size = static_cast<int>(bytes);
+  return noxStsNoErr;
+}
+
 template <class Word>
 struct Step;
 template <>

@@ -15,12 +15,12 @@ namespace {
 using V = f64::vec;
 
 template <class T>
-constexpr int kGaussSize = sizeof(GaussRecord<T>);
+constexpr size_t kGaussSize = sizeof(GaussRecord<T>);
 // Records of floating type end in eight bytes that nothing uses.
 template <>
-constexpr int kGaussSize<Nox32f> = 72;
+constexpr size_t kGaussSize<Nox32f> = 72;
 template <>
-constexpr int kGaussSize<Nox64f> = 80;
+constexpr size_t kGaussSize<Nox64f> = 80;
 static_assert(kGaussSize<Nox8u> == 64 && kGaussSize<Nox16s> == 64, "sizes are promised");
 static_assert(sizeof(GaussRecord<Nox32f>) <= 72 && sizeof(GaussRecord<Nox64f>) <= 80, "sizes are promised");
 
@@ -132,12 +132,6 @@ NOX_INLINE NoxStatus fill(T* d, int len, void* state, RandomId id) {
   if (const NoxStatus st = check(len, d, record)) return st;
   if (record->id != id) return noxStsContextMatchErr;
   fill(d, static_cast<size_t>(len), *record);
-  return noxStsNoErr;
-}
-
-NOX_INLINE NoxStatus give(int* size, int bytes) {
-  if (!size) return noxStsNullPtrErr;
-  *size = bytes;
   return noxStsNoErr;
 }
 
