@@ -32,7 +32,9 @@ NOX_INLINE E* behind(E* p, size_t bytes) {
 }
 // Keeps a running value one register: the compiler would make several of it for each array, and run out of them.
 template <class T>
-NOX_INLINE void keep_whole(T& value) { asm("" : "+r"(value)); }
+NOX_INLINE void keep_whole(T& value) {
+  asm("" : "+r"(value));
+}
 
 // Moves pointers on by `bytes`, each in a register of its own.
 template <class... E>

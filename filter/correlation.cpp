@@ -10,9 +10,7 @@ inline namespace NOX_VARIANT {
 namespace {
 
 // Values wanted from which on the automatic choice transforms, weighed by the ratio of the lengths.
-constexpr int shortest_fft(int type) {
-  return type == NOX_TYPE_32F ? 384 : type == NOX_TYPE_32FC ? 256 : 512;
-}
+constexpr int shortest_fft(int type) { return type == NOX_TYPE_32F ? 384 : type == NOX_TYPE_32FC ? 256 : 512; }
 
 // The lags wanted, and the method. Places count from lag 1 - len1 on.
 struct CorrelationPlan {
@@ -28,9 +26,8 @@ struct CorrelationPlan {
     skip = place < 0 ? 0 : place;
     const Nox64s there = skip < static_cast<Nox64s>(full) ? static_cast<Nox64s>(full) - skip : 0;
     values = dstLen - before < there ? dstLen - before : there;
-    const Nox32f weight =
-        static_cast<Nox32f>(static_cast<int>(shorter)) * static_cast<Nox32f>(static_cast<int>(values)) /
-        static_cast<Nox32f>(static_cast<int>(longer));
+    const Nox32f weight = static_cast<Nox32f>(static_cast<int>(shorter)) *
+                          static_cast<Nox32f>(static_cast<int>(values)) / static_cast<Nox32f>(static_cast<int>(longer));
     const int method = method_of(algType);
     direct = values < 1 || method == NOX_ALG_DIRECT ||
              (method == NOX_ALG_AUTO && weight < static_cast<Nox32f>(shortest_fft(type)));
@@ -125,8 +122,7 @@ NOX_INLINE NoxStatus cross_correlation(const E* a, int aLen, const E* b, int bLe
   if (n == 0) return noxStsNoErr;
 
   if (!plan.direct && !method.blocks) {
-    const NoxStatus st =
-        correlate_whole(fft, a, static_cast<size_t>(aLen), b, static_cast<size_t>(bLen), skip, d, n);
+    const NoxStatus st = correlate_whole(fft, a, static_cast<size_t>(aLen), b, static_cast<size_t>(bLen), skip, d, n);
     if (st) return st;
   } else {
     const bool mirrored = aLen > bLen;

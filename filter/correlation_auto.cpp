@@ -11,8 +11,7 @@ constexpr int shortest_fft(int type) {
   return type == NOX_TYPE_64FC ? 368 : type == NOX_TYPE_32FC ? 152 : 856;
 }
 constexpr bool transforms(int lags, int type, int algType) {
-  return method_of(algType) == NOX_ALG_FFT ||
-         (method_of(algType) == NOX_ALG_AUTO && lags >= shortest_fft(type));
+  return method_of(algType) == NOX_ALG_FFT || (method_of(algType) == NOX_ALG_AUTO && lags >= shortest_fft(type));
 }
 constexpr int lags_of(int srcLen, int dstLen) { return srcLen < dstLen ? srcLen : dstLen; }
 constexpr int order_of(int srcLen) { return log2_up(2 * static_cast<Nox64u>(srcLen)); }
@@ -65,8 +64,7 @@ using namespace nox;
 
 extern "C" {
 
-NoxStatus NOX_BODY(noxsAutoCorrNormGetBufferSize)(int srcLen, int dstLen, int dataType, int algType,
-                                                  int* pBufferSize) {
+NoxStatus NOX_BODY(noxsAutoCorrNormGetBufferSize)(int srcLen, int dstLen, int dataType, int algType, int* pBufferSize) {
   if (!pBufferSize) return noxStsNullPtrErr;
   if (srcLen < 1 || dstLen < 1) return noxStsSizeErr;
   if (const NoxStatus st = check_query(algType)) return st;

@@ -118,7 +118,8 @@ struct SlidingBlock {
       const E* const tap = x.taps + u * x.step;
       if constexpr (G + 1 < Count)
         sums.template add<0>(std::make_index_sequence<Count - 1 - G>{}, tap, read_anew(x.s + (m - u)));
-      if constexpr (N > 1) sums.template add_inside<Count - 1 - G>(tap, edges.back + (end - u), edges.mask(N + end - u));
+      if constexpr (N > 1)
+        sums.template add_inside<Count - 1 - G>(tap, edges.back + (end - u), edges.mask(N + end - u));
     }
     if constexpr (G > 0) leave<G - 1>(common);
   }
@@ -130,8 +131,7 @@ struct SlidingBlock {
       const E* const tap = x.taps + u * x.step;
       if constexpr (G + 1 < Count)
         sums.template add<G + 1>(std::make_index_sequence<Count - 1 - G>{}, tap, read_anew(x.s + (m - u)));
-      if constexpr (N > 1)
-        sums.template add_inside<G>(tap, edges.front + (N + begin - u), edges.mask(N + begin - u));
+      if constexpr (N > 1) sums.template add_inside<G>(tap, edges.front + (N + begin - u), edges.mask(N + begin - u));
     }
     if constexpr (G + 1 < Count) enter<G + 1>();
   }

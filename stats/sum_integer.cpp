@@ -94,8 +94,9 @@ NOX_INLINE Nox32s scaled(Nox64s sum, int scale) {
     return saturated((sum + ((Nox64s(1) << (s - 1)) - 1) + ((sum >> s) & 1)) >> s);
   }
   const int n = scale > -31 ? -scale : 31;
-  if (sum > (highest<Nox32s> >> n)) return highest<Nox32s>;
-  if (sum < (lowest<Nox32s> >> n)) return lowest<Nox32s>;
+  constexpr Nox32s kMost = highest<Nox32s>, kLeast = lowest<Nox32s>;
+  if (sum > (kMost >> n)) return kMost;
+  if (sum < (kLeast >> n)) return kLeast;
   return Nox32s(Nox32u(sum) << n);
 }
 

@@ -17,8 +17,8 @@ constexpr int kPlanMiddleOrder = 15;         // passes over the whole array up t
 
 // Bytes of spec and work memory, header and any base address included; false if one passes the range of int.
 bool plan_size(int order, int& spec_size, int& work_size);
-// Builds the plan behind the header of a spec whose order is set, and sets its workSize; from the wave or, for null, one
-// of its own. `sines` then has room for 2^order / 4 + 1 values; it may be null up to order 10.
+// Builds the plan behind the header of a spec whose order is set, and sets its workSize; from the wave or, for null,
+// one of its own. `sines` then has room for 2^order / 4 + 1 values; it may be null up to order 10.
 void plan_init(NoxFftSpec* spec, const Wave* wave, Nox64f* sines);
 // One transform, every result times `scale`. `work` starts at a 64-byte boundary; src may be dst.
 template <bool Inverse>

@@ -11,23 +11,33 @@ namespace {
 
 struct Add {
   template <class V>
-  NOX_INLINE V operator()(V a, V b) const { return a + b; }
+  NOX_INLINE V operator()(V a, V b) const {
+    return a + b;
+  }
 };
 struct SubtractFrom {
   template <class V>
-  NOX_INLINE V operator()(V a, V b) const { return b - a; }
+  NOX_INLINE V operator()(V a, V b) const {
+    return b - a;
+  }
 };
 struct Multiply {
   template <class V>
-  NOX_INLINE V operator()(V a, V b) const { return a * b; }
+  NOX_INLINE V operator()(V a, V b) const {
+    return a * b;
+  }
 };
 struct AddProduct {
   template <class V>
-  NOX_INLINE V operator()(V a, V b, V sum) const { return sum + a * b; }
+  NOX_INLINE V operator()(V a, V b, V sum) const {
+    return sum + a * b;
+  }
 };
 struct Square {
   template <class V>
-  NOX_INLINE V operator()(V a) const { return a * a; }
+  NOX_INLINE V operator()(V a) const {
+    return a * a;
+  }
 };
 
 // Operations with a constant of the element type.
@@ -35,29 +45,39 @@ template <class E>
 struct AddConstant {
   E c;
   template <class V>
-  NOX_INLINE V operator()(V a) const { return a + V::all(c); }
+  NOX_INLINE V operator()(V a) const {
+    return a + V::all(c);
+  }
 };
 template <class E>
 struct SubtractConstant {
   E c;
   template <class V>
-  NOX_INLINE V operator()(V a) const { return a - V::all(c); }
+  NOX_INLINE V operator()(V a) const {
+    return a - V::all(c);
+  }
 };
 template <class E>
 struct SubtractFromConstant {
   E c;
   template <class V>
-  NOX_INLINE V operator()(V a) const { return V::all(c) - a; }
+  NOX_INLINE V operator()(V a) const {
+    return V::all(c) - a;
+  }
 };
 struct MultiplyByReal {
   Nox64f c;
   template <class V>
-  NOX_INLINE V operator()(V a) const { return a * V::all(c); }
+  NOX_INLINE V operator()(V a) const {
+    return a * V::all(c);
+  }
 };
 struct MultiplyByComplex {
   Nox64fc c;
   template <class V>
-  NOX_INLINE V operator()(V a) const { return split(V::all(c)) * a; }
+  NOX_INLINE V operator()(V a) const {
+    return split(V::all(c)) * a;
+  }
 };
 
 template <class K, class F, class E>
@@ -109,11 +129,15 @@ NoxStatus NOX_BODY(noxsAdd_64fc_I)(const Nox64fc* a, Nox64fc* d, int len) { retu
 NoxStatus NOX_BODY(noxsSub_64f)(const Nox64f* a, const Nox64f* b, Nox64f* d, int len) {
   return binary<f64>(SubtractFrom{}, a, b, d, len);
 }
-NoxStatus NOX_BODY(noxsSub_64f_I)(const Nox64f* a, Nox64f* d, int len) { return binary<f64>(SubtractFrom{}, a, d, d, len); }
+NoxStatus NOX_BODY(noxsSub_64f_I)(const Nox64f* a, Nox64f* d, int len) {
+  return binary<f64>(SubtractFrom{}, a, d, d, len);
+}
 NoxStatus NOX_BODY(noxsSub_64fc)(const Nox64fc* a, const Nox64fc* b, Nox64fc* d, int len) {
   return binary<c64>(SubtractFrom{}, a, b, d, len);
 }
-NoxStatus NOX_BODY(noxsSub_64fc_I)(const Nox64fc* a, Nox64fc* d, int len) { return binary<c64>(SubtractFrom{}, a, d, d, len); }
+NoxStatus NOX_BODY(noxsSub_64fc_I)(const Nox64fc* a, Nox64fc* d, int len) {
+  return binary<c64>(SubtractFrom{}, a, d, d, len);
+}
 
 NoxStatus NOX_BODY(noxsMul_64f)(const Nox64f* a, const Nox64f* b, Nox64f* d, int len) {
   return binary<f64>(Multiply{}, a, b, d, len);
@@ -122,7 +146,9 @@ NoxStatus NOX_BODY(noxsMul_64f_I)(const Nox64f* a, Nox64f* d, int len) { return 
 NoxStatus NOX_BODY(noxsMul_64fc)(const Nox64fc* a, const Nox64fc* b, Nox64fc* d, int len) {
   return binary<split_c64>(Multiply{}, a, b, d, len);
 }
-NoxStatus NOX_BODY(noxsMul_64fc_I)(const Nox64fc* a, Nox64fc* d, int len) { return binary<split_c64>(Multiply{}, a, d, d, len); }
+NoxStatus NOX_BODY(noxsMul_64fc_I)(const Nox64fc* a, Nox64fc* d, int len) {
+  return binary<split_c64>(Multiply{}, a, d, d, len);
+}
 
 NoxStatus NOX_BODY(noxsAddProduct_64f)(const Nox64f* a, const Nox64f* b, Nox64f* d, int len) {
   if (const NoxStatus st = check(len, a, b, d)) return st;
@@ -136,49 +162,71 @@ NoxStatus NOX_BODY(noxsAddProduct_64fc)(const Nox64fc* a, const Nox64fc* b, Nox6
   map<split_c64>(d, len, AddProduct{}, a, b, d);
   return noxStsNoErr;
 }
-NoxStatus NOX_BODY(noxsSqr_64fc)(const Nox64fc* a, Nox64fc* d, int len) { return unary<split_c64>(Square{}, a, d, len); }
+NoxStatus NOX_BODY(noxsSqr_64fc)(const Nox64fc* a, Nox64fc* d, int len) {
+  return unary<split_c64>(Square{}, a, d, len);
+}
 NoxStatus NOX_BODY(noxsSqr_64fc_I)(Nox64fc* d, int len) { return unary<split_c64>(Square{}, d, d, len); }
 
 NoxStatus NOX_BODY(noxsAddC_64f)(const Nox64f* a, Nox64f c, Nox64f* d, int len) {
   return unary<f64>(AddConstant<Nox64f>{by_words(c)}, a, d, len);
 }
-NoxStatus NOX_BODY(noxsAddC_64f_I)(Nox64f c, Nox64f* d, int len) { return unary<f64>(AddConstant<Nox64f>{by_words(c)}, d, d, len); }
+NoxStatus NOX_BODY(noxsAddC_64f_I)(Nox64f c, Nox64f* d, int len) {
+  return unary<f64>(AddConstant<Nox64f>{by_words(c)}, d, d, len);
+}
 NoxStatus NOX_BODY(noxsSubC_64f)(const Nox64f* a, Nox64f c, Nox64f* d, int len) {
   return unary<f64>(SubtractConstant<Nox64f>{by_words(c)}, a, d, len);
 }
-NoxStatus NOX_BODY(noxsSubC_64f_I)(Nox64f c, Nox64f* d, int len) { return unary<f64>(SubtractConstant<Nox64f>{by_words(c)}, d, d, len); }
+NoxStatus NOX_BODY(noxsSubC_64f_I)(Nox64f c, Nox64f* d, int len) {
+  return unary<f64>(SubtractConstant<Nox64f>{by_words(c)}, d, d, len);
+}
 NoxStatus NOX_BODY(noxsSubCRev_64f)(const Nox64f* a, Nox64f c, Nox64f* d, int len) {
   return unary<f64>(SubtractFromConstant<Nox64f>{by_words(c)}, a, d, len);
 }
-NoxStatus NOX_BODY(noxsSubCRev_64f_I)(Nox64f c, Nox64f* d, int len) { return unary<f64>(SubtractFromConstant<Nox64f>{by_words(c)}, d, d, len); }
+NoxStatus NOX_BODY(noxsSubCRev_64f_I)(Nox64f c, Nox64f* d, int len) {
+  return unary<f64>(SubtractFromConstant<Nox64f>{by_words(c)}, d, d, len);
+}
 NoxStatus NOX_BODY(noxsMulC_64f)(const Nox64f* a, Nox64f c, Nox64f* d, int len) {
   return unary<f64>(MultiplyByReal{by_words(c)}, a, d, len);
 }
-NoxStatus NOX_BODY(noxsMulC_64f_I)(Nox64f c, Nox64f* d, int len) { return unary<f64>(MultiplyByReal{by_words(c)}, d, d, len); }
+NoxStatus NOX_BODY(noxsMulC_64f_I)(Nox64f c, Nox64f* d, int len) {
+  return unary<f64>(MultiplyByReal{by_words(c)}, d, d, len);
+}
 NoxStatus NOX_BODY(noxsDivC_64f)(const Nox64f* a, Nox64f c, Nox64f* d, int len) {
   return divide_by_constant<f64>(a, by_words(c), d, len);
 }
-NoxStatus NOX_BODY(noxsDivC_64f_I)(Nox64f c, Nox64f* d, int len) { return divide_by_constant<f64>(d, by_words(c), d, len); }
+NoxStatus NOX_BODY(noxsDivC_64f_I)(Nox64f c, Nox64f* d, int len) {
+  return divide_by_constant<f64>(d, by_words(c), d, len);
+}
 
 NoxStatus NOX_BODY(noxsAddC_64fc)(const Nox64fc* a, Nox64fc c, Nox64fc* d, int len) {
   return unary<c64>(AddConstant<Nox64fc>{by_words(c)}, a, d, len);
 }
-NoxStatus NOX_BODY(noxsAddC_64fc_I)(Nox64fc c, Nox64fc* d, int len) { return unary<c64>(AddConstant<Nox64fc>{by_words(c)}, d, d, len); }
+NoxStatus NOX_BODY(noxsAddC_64fc_I)(Nox64fc c, Nox64fc* d, int len) {
+  return unary<c64>(AddConstant<Nox64fc>{by_words(c)}, d, d, len);
+}
 NoxStatus NOX_BODY(noxsSubC_64fc)(const Nox64fc* a, Nox64fc c, Nox64fc* d, int len) {
   return unary<c64>(SubtractConstant<Nox64fc>{by_words(c)}, a, d, len);
 }
-NoxStatus NOX_BODY(noxsSubC_64fc_I)(Nox64fc c, Nox64fc* d, int len) { return unary<c64>(SubtractConstant<Nox64fc>{by_words(c)}, d, d, len); }
+NoxStatus NOX_BODY(noxsSubC_64fc_I)(Nox64fc c, Nox64fc* d, int len) {
+  return unary<c64>(SubtractConstant<Nox64fc>{by_words(c)}, d, d, len);
+}
 NoxStatus NOX_BODY(noxsSubCRev_64fc)(const Nox64fc* a, Nox64fc c, Nox64fc* d, int len) {
   return unary<c64>(SubtractFromConstant<Nox64fc>{by_words(c)}, a, d, len);
 }
-NoxStatus NOX_BODY(noxsSubCRev_64fc_I)(Nox64fc c, Nox64fc* d, int len) { return unary<c64>(SubtractFromConstant<Nox64fc>{by_words(c)}, d, d, len); }
+NoxStatus NOX_BODY(noxsSubCRev_64fc_I)(Nox64fc c, Nox64fc* d, int len) {
+  return unary<c64>(SubtractFromConstant<Nox64fc>{by_words(c)}, d, d, len);
+}
 NoxStatus NOX_BODY(noxsMulC_64fc)(const Nox64fc* a, Nox64fc c, Nox64fc* d, int len) {
   return unary<c64>(MultiplyByComplex{by_words(c)}, a, d, len);
 }
-NoxStatus NOX_BODY(noxsMulC_64fc_I)(Nox64fc c, Nox64fc* d, int len) { return unary<c64>(MultiplyByComplex{by_words(c)}, d, d, len); }
+NoxStatus NOX_BODY(noxsMulC_64fc_I)(Nox64fc c, Nox64fc* d, int len) {
+  return unary<c64>(MultiplyByComplex{by_words(c)}, d, d, len);
+}
 NoxStatus NOX_BODY(noxsDivC_64fc)(const Nox64fc* a, Nox64fc c, Nox64fc* d, int len) {
   return divide_by_constant<c64>(a, by_words(c), d, len);
 }
-NoxStatus NOX_BODY(noxsDivC_64fc_I)(Nox64fc c, Nox64fc* d, int len) { return divide_by_constant<c64>(d, by_words(c), d, len); }
+NoxStatus NOX_BODY(noxsDivC_64fc_I)(Nox64fc c, Nox64fc* d, int len) {
+  return divide_by_constant<c64>(d, by_words(c), d, len);
+}
 
 }  // extern "C"

@@ -71,9 +71,13 @@ struct OnVectors {
   using Single = NoSingle<typename L::elem>;
   F& f;
   template <class... A>
-  NOX_INLINE V operator()(V a, A... more) const { return {f(L::lanes(a), L::lanes(more)...)}; }
+  NOX_INLINE V operator()(V a, A... more) const {
+    return {f(L::lanes(a), L::lanes(more)...)};
+  }
   template <class... A>
-  NOX_INLINE Single operator()(Single, A...) const { return {}; }
+  NOX_INLINE Single operator()(Single, A...) const {
+    return {};
+  }
 };
 template <class V>
 struct Padded {
@@ -141,7 +145,9 @@ NOX_INLINE Nox64f power_of_two(int n) {
 }
 
 template <class T>
-NOX_INLINE bool is_zero(T c) { return c == 0; }
+NOX_INLINE bool is_zero(T c) {
+  return c == 0;
+}
 NOX_INLINE bool is_zero(Nox32sc c) { return (c.re | c.im) == 0; }
 
 template <class E>

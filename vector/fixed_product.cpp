@@ -60,7 +60,9 @@ struct Product {
 
 // The scale factor above which even the largest product is at most half a unit.
 template <class T>
-constexpr int kZeroAbove = sizeof(T) == 1 ? 16 : sizeof(T) == 2 ? 30 : 62;
+constexpr int kZeroAbove = sizeof(T) == 1   ? 16
+                           : sizeof(T) == 2 ? 30
+                                            : 62;
 
 template <Operand Constant, class... S>
 NOX_OUT_OF_LINE void scale_short_products(Nox16s c, Nox16s* d, int len, int s, const S*... src) {
@@ -88,17 +90,23 @@ constexpr Nox64f kTop = 2147483647.0;
 struct ProductByDoubles {
   Nox64f scale;
   template <class V>
-  NOX_INLINE V operator()(V a, V b) const { return min(a * V::all(scale) * b, V::all(kTop)); }
+  NOX_INLINE V operator()(V a, V b) const {
+    return min(a * V::all(scale) * b, V::all(kTop));
+  }
 };
 struct MultipleByDoubles {
   Nox64f scaled_constant;
   template <class V>
-  NOX_INLINE V operator()(V a) const { return min(a * V::all(scaled_constant), V::all(kTop)); }
+  NOX_INLINE V operator()(V a) const {
+    return min(a * V::all(scaled_constant), V::all(kTop));
+  }
 };
 struct ProductSumByDoubles {
   Nox64f scale;
   template <class V>
-  NOX_INLINE V operator()(V a, V b, V sum) const { return min(madd(a, b, sum) * V::all(scale), V::all(kTop)); }
+  NOX_INLINE V operator()(V a, V b, V sum) const {
+    return min(madd(a, b, sum) * V::all(scale), V::all(kTop));
+  }
 };
 
 // The factor for a scale; from a left shift by 31 on, any number but 0 is cut off.
@@ -112,14 +120,15 @@ NOX_OUT_OF_LINE void map_by_doubles(F f, Nox32s* d, int len, const S*... s) {
   // All but the last vector is converted from memory: there, even twice the bytes are those of the array.
   const int rest = len - V::N;
   const V last = pinned(V::load(behind(s, bytes_of<Nox32s>(rest)))...);
-  map_long<Quads>(d, rest, [f](auto... lanes) { return by_doubles<false>(f, lanes...); }, s...);
+  map_long<Quads>(
+      d, rest, [f](auto... lanes) { return by_doubles<false>(f, lanes...); }, s...);
   last.store(behind(d, bytes_of<Nox32s>(rest)));
 }
 
 // ---- 32 bits in 64
 
-// t / 2^s rounded, for s from 2 to 62. t is moved up by 2^63, for there is a shift of unsigned lanes alone; its last bit
-// is taken off before the sum that it would carry out of the lane, and rounds with the others.
+// t / 2^s rounded, for s from 2 to 62. t is moved up by 2^63, for there is a shift of unsigned lanes alone; its last
+// bit is taken off before the sum that it would carry out of the lane, and rounds with the others.
 template <class W>
 NOX_INLINE W rounded(W t, int s) {
   const W up = t ^ W::all(Nox64u(1) << 63), odd = (up | shift_right(up, s)) & W::all(1);
@@ -134,7 +143,9 @@ NOX_INLINE W halved(W t) {
 
 struct Exact {
   template <class V>
-  NOX_INLINE auto operator()(V a, V b) const { return multiply_pairs(a, b); }
+  NOX_INLINE auto operator()(V a, V b) const {
+    return multiply_pairs(a, b);
+  }
   template <class V>
   NOX_INLINE auto operator()(V a, V b, V sum) const {
     auto t = multiply_pairs(a, b);

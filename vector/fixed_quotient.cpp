@@ -1,10 +1,10 @@
 // Scaled quotients of integer arrays, and by a constant: the first array is the divisor.
 //
 // A quotient is a floating-point division, rounded to an integer. That this gives the rounded exact quotient needs a
-// proof, for it rounds twice. Let the quotient be n / m in integers, and h = k + 1/2 for any integer k. Unless 2n = 2hm,
-// and n / m is h itself, 2n and the integer 2hm are 1 apart at least, and n / m and h are 1 / (2m): relative to the
-// quotient, 1 / (2n). A division to p bits rounds by at most 2^-p of the quotient, and never past h, which has a float;
-// so with n below 2^(p - 1) it gives h only for h, and the second rounding decides as it would on n / m.
+// proof, for it rounds twice. Let the quotient be n / m in integers, and h = k + 1/2 for any integer k. Unless 2n =
+// 2hm, and n / m is h itself, 2n and the integer 2hm are 1 apart at least, and n / m and h are 1 / (2m): relative to
+// the quotient, 1 / (2n). A division to p bits rounds by at most 2^-p of the quotient, and never past h, which has a
+// float; so with n below 2^(p - 1) it gives h only for h, and the second rounding decides as it would on n / m.
 //
 //   8 bits                   n up to 2^8, or, where scaling up, up to 2^8 m <= 2^16: the rest is cut      floats
 //   16 bits, s from 0 on     n up to 2^15; the scale is in m                                              floats
@@ -169,10 +169,14 @@ NoxStatus NOX_BODY(noxsDiv_32s_ISfs)(const Nox32s* by, Nox32s* d, int len, int s
 NoxStatus NOX_BODY(noxsDivC_8u_Sfs)(const Nox8u* x, Nox8u by, Nox8u* d, int len, int s) {
   return quotient_by_constant(x, by, d, len, s);
 }
-NoxStatus NOX_BODY(noxsDivC_8u_ISfs)(Nox8u by, Nox8u* d, int len, int s) { return quotient_by_constant(d, by, d, len, s); }
+NoxStatus NOX_BODY(noxsDivC_8u_ISfs)(Nox8u by, Nox8u* d, int len, int s) {
+  return quotient_by_constant(d, by, d, len, s);
+}
 NoxStatus NOX_BODY(noxsDivC_16s_Sfs)(const Nox16s* x, Nox16s by, Nox16s* d, int len, int s) {
   return quotient_by_constant(x, by, d, len, s);
 }
-NoxStatus NOX_BODY(noxsDivC_16s_ISfs)(Nox16s by, Nox16s* d, int len, int s) { return quotient_by_constant(d, by, d, len, s); }
+NoxStatus NOX_BODY(noxsDivC_16s_ISfs)(Nox16s by, Nox16s* d, int len, int s) {
+  return quotient_by_constant(d, by, d, len, s);
+}
 
 }  // extern "C"

@@ -54,7 +54,9 @@ struct ByHalves {
 
 struct Sum : ByHalves<Sum> {
   template <class V>
-  static NOX_INLINE V saturated(V a, V b) { return sum_saturated(a, b); }
+  static NOX_INLINE V saturated(V a, V b) {
+    return sum_saturated(a, b);
+  }
   template <class V>
   static NOX_INLINE Halves<V> halves(V a, V b) {
     const V odd = a ^ b;
@@ -64,7 +66,9 @@ struct Sum : ByHalves<Sum> {
 // b - a.
 struct Difference : ByHalves<Difference> {
   template <class V>
-  static NOX_INLINE V saturated(V a, V b) { return difference_saturated(b, a); }
+  static NOX_INLINE V saturated(V a, V b) {
+    return difference_saturated(b, a);
+  }
   template <class V>
   static NOX_INLINE Halves<V> halves(V a, V b) {
     if constexpr (is_signed<typename V::elem>) {
@@ -80,7 +84,9 @@ struct Difference : ByHalves<Difference> {
 
 // The scale factor above which even the largest t is at most half a unit.
 template <class E>
-constexpr int kZeroAbove = sizeof(typename Elements<E>::part) == 1 ? 9 : sizeof(typename Elements<E>::part) == 2 ? 16 : 32;
+constexpr int kZeroAbove = sizeof(typename Elements<E>::part) == 1   ? 9
+                           : sizeof(typename Elements<E>::part) == 2 ? 16
+                                                                     : 32;
 
 template <class Op, class E>
 NOX_OUT_OF_LINE NoxStatus of_two(const E* a, const E* b, E* d, int len, int s) {
@@ -136,32 +142,46 @@ NoxStatus NOX_BODY(noxsAdd_8u_ISfs)(const Nox8u* a, Nox8u* d, int len, int s) { 
 NoxStatus NOX_BODY(noxsAdd_16s_Sfs)(const Nox16s* a, const Nox16s* b, Nox16s* d, int len, int s) {
   return of_two<Sum>(a, b, d, len, s);
 }
-NoxStatus NOX_BODY(noxsAdd_16s_ISfs)(const Nox16s* a, Nox16s* d, int len, int s) { return of_two<Sum>(a, d, d, len, s); }
+NoxStatus NOX_BODY(noxsAdd_16s_ISfs)(const Nox16s* a, Nox16s* d, int len, int s) {
+  return of_two<Sum>(a, d, d, len, s);
+}
 NoxStatus NOX_BODY(noxsAdd_32s_Sfs)(const Nox32s* a, const Nox32s* b, Nox32s* d, int len, int s) {
   return of_two<Sum>(a, b, d, len, s);
 }
-NoxStatus NOX_BODY(noxsAdd_32s_ISfs)(const Nox32s* a, Nox32s* d, int len, int s) { return of_two<Sum>(a, d, d, len, s); }
+NoxStatus NOX_BODY(noxsAdd_32s_ISfs)(const Nox32s* a, Nox32s* d, int len, int s) {
+  return of_two<Sum>(a, d, d, len, s);
+}
 NoxStatus NOX_BODY(noxsAdd_32sc_Sfs)(const Nox32sc* a, const Nox32sc* b, Nox32sc* d, int len, int s) {
   return of_two_complex<Sum>(a, b, d, len, s);
 }
-NoxStatus NOX_BODY(noxsAdd_32sc_ISfs)(const Nox32sc* a, Nox32sc* d, int len, int s) { return of_two_complex<Sum>(a, d, d, len, s); }
+NoxStatus NOX_BODY(noxsAdd_32sc_ISfs)(const Nox32sc* a, Nox32sc* d, int len, int s) {
+  return of_two_complex<Sum>(a, d, d, len, s);
+}
 
 NoxStatus NOX_BODY(noxsSub_8u_Sfs)(const Nox8u* a, const Nox8u* b, Nox8u* d, int len, int s) {
   return of_two<Difference>(a, b, d, len, s);
 }
-NoxStatus NOX_BODY(noxsSub_8u_ISfs)(const Nox8u* a, Nox8u* d, int len, int s) { return of_two<Difference>(a, d, d, len, s); }
+NoxStatus NOX_BODY(noxsSub_8u_ISfs)(const Nox8u* a, Nox8u* d, int len, int s) {
+  return of_two<Difference>(a, d, d, len, s);
+}
 NoxStatus NOX_BODY(noxsSub_16s_Sfs)(const Nox16s* a, const Nox16s* b, Nox16s* d, int len, int s) {
   return of_two<Difference>(a, b, d, len, s);
 }
-NoxStatus NOX_BODY(noxsSub_16s_ISfs)(const Nox16s* a, Nox16s* d, int len, int s) { return of_two<Difference>(a, d, d, len, s); }
+NoxStatus NOX_BODY(noxsSub_16s_ISfs)(const Nox16s* a, Nox16s* d, int len, int s) {
+  return of_two<Difference>(a, d, d, len, s);
+}
 NoxStatus NOX_BODY(noxsSub_32s_Sfs)(const Nox32s* a, const Nox32s* b, Nox32s* d, int len, int s) {
   return of_two<Difference>(a, b, d, len, s);
 }
-NoxStatus NOX_BODY(noxsSub_32s_ISfs)(const Nox32s* a, Nox32s* d, int len, int s) { return of_two<Difference>(a, d, d, len, s); }
+NoxStatus NOX_BODY(noxsSub_32s_ISfs)(const Nox32s* a, Nox32s* d, int len, int s) {
+  return of_two<Difference>(a, d, d, len, s);
+}
 NoxStatus NOX_BODY(noxsSub_32sc_Sfs)(const Nox32sc* a, const Nox32sc* b, Nox32sc* d, int len, int s) {
   return of_two_complex<Difference>(a, b, d, len, s);
 }
-NoxStatus NOX_BODY(noxsSub_32sc_ISfs)(const Nox32sc* a, Nox32sc* d, int len, int s) { return of_two_complex<Difference>(a, d, d, len, s); }
+NoxStatus NOX_BODY(noxsSub_32sc_ISfs)(const Nox32sc* a, Nox32sc* d, int len, int s) {
+  return of_two_complex<Difference>(a, d, d, len, s);
+}
 
 NoxStatus NOX_BODY(noxsAddC_8u_Sfs)(const Nox8u* a, Nox8u c, Nox8u* d, int len, int s) {
   return add_byte(a, c, d, len, s);
@@ -187,31 +207,45 @@ NoxStatus NOX_BODY(noxsSubC_8u_ISfs)(Nox8u c, Nox8u* d, int len, int s) { return
 NoxStatus NOX_BODY(noxsSubC_16s_Sfs)(const Nox16s* a, Nox16s c, Nox16s* d, int len, int s) {
   return subtract_constant(a, c, d, len, s);
 }
-NoxStatus NOX_BODY(noxsSubC_16s_ISfs)(Nox16s c, Nox16s* d, int len, int s) { return subtract_constant(d, c, d, len, s); }
+NoxStatus NOX_BODY(noxsSubC_16s_ISfs)(Nox16s c, Nox16s* d, int len, int s) {
+  return subtract_constant(d, c, d, len, s);
+}
 NoxStatus NOX_BODY(noxsSubC_32s_Sfs)(const Nox32s* a, Nox32s c, Nox32s* d, int len, int s) {
   return subtract_constant(a, c, d, len, s);
 }
-NoxStatus NOX_BODY(noxsSubC_32s_ISfs)(Nox32s c, Nox32s* d, int len, int s) { return subtract_constant(d, c, d, len, s); }
+NoxStatus NOX_BODY(noxsSubC_32s_ISfs)(Nox32s c, Nox32s* d, int len, int s) {
+  return subtract_constant(d, c, d, len, s);
+}
 NoxStatus NOX_BODY(noxsSubC_32sc_Sfs)(const Nox32sc* a, Nox32sc c, Nox32sc* d, int len, int s) {
   return subtract_constant(a, c, d, len, s);
 }
-NoxStatus NOX_BODY(noxsSubC_32sc_ISfs)(Nox32sc c, Nox32sc* d, int len, int s) { return subtract_constant(d, c, d, len, s); }
+NoxStatus NOX_BODY(noxsSubC_32sc_ISfs)(Nox32sc c, Nox32sc* d, int len, int s) {
+  return subtract_constant(d, c, d, len, s);
+}
 
 NoxStatus NOX_BODY(noxsSubCRev_8u_Sfs)(const Nox8u* a, Nox8u c, Nox8u* d, int len, int s) {
   return subtract_from_constant(a, c, d, len, s);
 }
-NoxStatus NOX_BODY(noxsSubCRev_8u_ISfs)(Nox8u c, Nox8u* d, int len, int s) { return subtract_from_constant(d, c, d, len, s); }
+NoxStatus NOX_BODY(noxsSubCRev_8u_ISfs)(Nox8u c, Nox8u* d, int len, int s) {
+  return subtract_from_constant(d, c, d, len, s);
+}
 NoxStatus NOX_BODY(noxsSubCRev_16s_Sfs)(const Nox16s* a, Nox16s c, Nox16s* d, int len, int s) {
   return subtract_from_constant(a, c, d, len, s);
 }
-NoxStatus NOX_BODY(noxsSubCRev_16s_ISfs)(Nox16s c, Nox16s* d, int len, int s) { return subtract_from_constant(d, c, d, len, s); }
+NoxStatus NOX_BODY(noxsSubCRev_16s_ISfs)(Nox16s c, Nox16s* d, int len, int s) {
+  return subtract_from_constant(d, c, d, len, s);
+}
 NoxStatus NOX_BODY(noxsSubCRev_32s_Sfs)(const Nox32s* a, Nox32s c, Nox32s* d, int len, int s) {
   return subtract_from_constant(a, c, d, len, s);
 }
-NoxStatus NOX_BODY(noxsSubCRev_32s_ISfs)(Nox32s c, Nox32s* d, int len, int s) { return subtract_from_constant(d, c, d, len, s); }
+NoxStatus NOX_BODY(noxsSubCRev_32s_ISfs)(Nox32s c, Nox32s* d, int len, int s) {
+  return subtract_from_constant(d, c, d, len, s);
+}
 NoxStatus NOX_BODY(noxsSubCRev_32sc_Sfs)(const Nox32sc* a, Nox32sc c, Nox32sc* d, int len, int s) {
   return subtract_from_constant(a, c, d, len, s);
 }
-NoxStatus NOX_BODY(noxsSubCRev_32sc_ISfs)(Nox32sc c, Nox32sc* d, int len, int s) { return subtract_from_constant(d, c, d, len, s); }
+NoxStatus NOX_BODY(noxsSubCRev_32sc_ISfs)(Nox32sc c, Nox32sc* d, int len, int s) {
+  return subtract_from_constant(d, c, d, len, s);
+}
 
 }  // extern "C"

@@ -8,7 +8,9 @@ namespace {
 
 struct Conjugate {
   template <class V>
-  NOX_INLINE V operator()(V a) const { return conj(a); }
+  NOX_INLINE V operator()(V a) const {
+    return conj(a);
+  }
 };
 
 template <class K>

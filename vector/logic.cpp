@@ -11,36 +11,52 @@ namespace {
 
 struct And {
   template <class V>
-  NOX_INLINE V operator()(V a, V b) const { return a & b; }
+  NOX_INLINE V operator()(V a, V b) const {
+    return a & b;
+  }
 };
 struct Or {
   template <class V>
-  NOX_INLINE V operator()(V a, V b) const { return a | b; }
+  NOX_INLINE V operator()(V a, V b) const {
+    return a | b;
+  }
 };
 struct Xor {
   template <class V>
-  NOX_INLINE V operator()(V a, V b) const { return a ^ b; }
+  NOX_INLINE V operator()(V a, V b) const {
+    return a ^ b;
+  }
 };
 template <class Operation, class T>
 struct WithConstant {
   T c;
   template <class V>
-  NOX_INLINE V operator()(V a) const { return Operation{}(a, V::all(c)); }
+  NOX_INLINE V operator()(V a) const {
+    return Operation{}(a, V::all(c));
+  }
 };
 
 template <class T>
-NOX_INLINE IntOne<T> shift_up(IntOne<T> a, int n) { return shift_left(a, n); }
+NOX_INLINE IntOne<T> shift_up(IntOne<T> a, int n) {
+  return shift_left(a, n);
+}
 template <class T>
-NOX_INLINE IntOne<T> shift_down(IntOne<T> a, int n) { return shift_right(a, n); }
+NOX_INLINE IntOne<T> shift_down(IntOne<T> a, int n) {
+  return shift_right(a, n);
+}
 struct Up {
   int n;
   template <class V>
-  NOX_INLINE V operator()(V a) const { return shift_up(a, n); }
+  NOX_INLINE V operator()(V a) const {
+    return shift_up(a, n);
+  }
 };
 struct Down {
   int n;
   template <class V>
-  NOX_INLINE V operator()(V a) const { return shift_down(a, n); }
+  NOX_INLINE V operator()(V a) const {
+    return shift_down(a, n);
+  }
 };
 
 template <class Operation, class T>

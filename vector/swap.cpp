@@ -46,8 +46,8 @@ NOX_INLINE V128<T> swap_bytes(V128<T> a) {
 NOX_INLINE __m128i swap_five(__m128i a) {
   const __m128i first = _mm_setr_epi8(-1, 0, 0, -1, 0, 0, -1, 0, 0, -1, 0, 0, -1, 0, 0, 0);
   const __m128i third = _mm_slli_si128(first, 2);
-  const __m128i moved = _mm_or_si128(_mm_and_si128(_mm_srli_si128(a, 2), first),
-                                     _mm_and_si128(_mm_slli_si128(a, 2), third));
+  const __m128i moved =
+      _mm_or_si128(_mm_and_si128(_mm_srli_si128(a, 2), first), _mm_and_si128(_mm_slli_si128(a, 2), third));
   return _mm_or_si128(_mm_andnot_si128(_mm_or_si128(first, third), a), moved);
 }
 #endif

@@ -32,24 +32,34 @@ real sign(real a) { return real(a > 0) - real(a < 0); }
 // The operations, of elements of any types.
 struct Plus {
   template <class A, class B>
-  static auto of(A a, B b) { return a + b; }
+  static auto of(A a, B b) {
+    return a + b;
+  }
 };
 struct Minus {
   template <class A, class B>
-  static auto of(A a, B b) { return a - b; }
+  static auto of(A a, B b) {
+    return a - b;
+  }
 };
 struct Times {
   template <class A, class B>
-  static auto of(A a, B b) { return a * b; }
+  static auto of(A a, B b) {
+    return a * b;
+  }
 };
 struct Over {
   template <class A, class B>
-  static auto of(A a, B b) { return a / b; }
+  static auto of(A a, B b) {
+    return a / b;
+  }
 };
 template <class F>
 struct Swapped {
   template <class A, class B>
-  static auto of(A a, B b) { return F::of(b, a); }
+  static auto of(A a, B b) {
+    return F::of(b, a);
+  }
 };
 struct ConjugateTimes {
   static complex of(complex a, complex b) { return a * complex{b.re, -b.im}; }
@@ -109,7 +119,9 @@ struct Each {
 };
 
 template <class T>
-T sum(T a, T b) { return T(a + b); }
+T sum(T a, T b) {
+  return T(a + b);
+}
 template <class T>
 struct Sums {
   PEER_OUT_OF_LINE static void loop(const T* __restrict a, T* __restrict d, u32 n) {
@@ -159,9 +171,7 @@ void count_values(const Operands* o) {
 PEER_OUT_OF_LINE void sum_loop(const real* a, real scale, real offset, real* bins, int count, u32 n) {
   for (u32 i = 0; i < n; ++i) bins[bin_of(a[i], scale, offset, count)] += a[i];
 }
-void sum_values(const Operands* o) {
-  sum_loop(in<real>(o->a), o->c[0], o->c[1], out<real>(o), o->n[0], u32(o->len));
-}
+void sum_values(const Operands* o) { sum_loop(in<real>(o->a), o->c[0], o->c[1], out<real>(o), o->n[0], u32(o->len)); }
 PEER_OUT_OF_LINE void count_indexes_loop(const u32* at, u32* bins, u32 n) {
   for (u32 i = 0; i < n; ++i) ++bins[at[i]];
 }
@@ -226,8 +236,7 @@ void count_above(const Operands* o) { count_above_loop(in<real>(o->a), o->c[0], 
 
 template <class T>
 struct Move {
-  PEER_OUT_OF_LINE static u32 compress_loop(u32 n, const T* __restrict s, const int* __restrict mask,
-                                            T* __restrict d) {
+  PEER_OUT_OF_LINE static u32 compress_loop(u32 n, const T* __restrict s, const int* __restrict mask, T* __restrict d) {
     u32 found = 0;
     for (u32 i = 0; i < n; ++i)
       if (mask[i] > 0) d[found++] = s[i];

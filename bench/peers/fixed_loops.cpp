@@ -1,8 +1,8 @@
 // Plain loops of scaled integer arithmetic, compiled by each compiler at -O3 for each instruction set.
 //
-// The exact result is formed in an integer twice as wide and rounded by adding and shifting; the scale is looked at once
-// per call, so that scales 0 and 1 have loops without what they don't need. Quotients and 32-bit products of arrays are
-// those of doubles.
+// The exact result is formed in an integer twice as wide and rounded by adding and shifting; the scale is looked at
+// once per call, so that scales 0 and 1 have loops without what they don't need. Quotients and 32-bit products of
+// arrays are those of doubles.
 #include <cmath>
 #include <type_traits>
 
@@ -26,16 +26,22 @@ T cut(W t) {
 
 struct ScaleNone {
   template <class W>
-  W operator()(W t) const { return t; }
+  W operator()(W t) const {
+    return t;
+  }
 };
 struct ScaleOne {
   template <class W>
-  W operator()(W t) const { return (t + ((t >> 1) & 1)) >> 1; }
+  W operator()(W t) const {
+    return (t + ((t >> 1) & 1)) >> 1;
+  }
 };
 struct ScaleMore {
   int s;
   template <class W>
-  W operator()(W t) const { return (t + ((t >> s) & 1) + ((W(1) << (s - 1)) - 1)) >> s; }
+  W operator()(W t) const {
+    return (t + ((t >> s) & 1) + ((W(1) << (s - 1)) - 1)) >> s;
+  }
 };
 // Calls loop with the rule for a scale from 0 on.
 template <class Loop>
@@ -50,19 +56,27 @@ void by_scale(int s, Loop loop) {
 
 struct Add {
   template <class W>
-  static W of(W a, W b) { return a + b; }
+  static W of(W a, W b) {
+    return a + b;
+  }
 };
 struct SubtractFrom {
   template <class W>
-  static W of(W a, W b) { return b - a; }
+  static W of(W a, W b) {
+    return b - a;
+  }
 };
 struct Subtract {
   template <class W>
-  static W of(W a, W b) { return a - b; }
+  static W of(W a, W b) {
+    return a - b;
+  }
 };
 struct Multiply {
   template <class W>
-  static W of(W a, W b) { return a * b; }
+  static W of(W a, W b) {
+    return a * b;
+  }
 };
 
 // `Parts` integers make an element.
@@ -124,7 +138,8 @@ struct Doubles {
     constexpr D kLow = D(Limits<T>::kLow), kHigh = D(Limits<T>::kHigh);
     return t < kLow ? kLow : t > kHigh ? kHigh : t;
   }
-  PEER_OUT_OF_LINE static void zip_loop(const T* __restrict a, const T* __restrict b, T* __restrict d, int len, double scale) {
+  PEER_OUT_OF_LINE static void zip_loop(const T* __restrict a, const T* __restrict b, T* __restrict d, int len,
+                                        double scale) {
     for (int i = 0; i < len; ++i) d[i] = rounded(F::of(a[i], b[i], scale));
   }
   static void zip(const Operands* o) {
@@ -150,7 +165,8 @@ struct Doubles {
   }
 };
 
-PEER_OUT_OF_LINE void add_product_loop(const int* __restrict a, const int* __restrict b, int* __restrict d, int len, int s) {
+PEER_OUT_OF_LINE void add_product_loop(const int* __restrict a, const int* __restrict b, int* __restrict d, int len,
+                                       int s) {
   by_scale(s, [=](auto rule) {
     for (int i = 0; i < len; ++i) d[i] = cut<int>(rule(s64(a[i]) * b[i] + d[i]));
   });

@@ -79,9 +79,7 @@ void two(const Operands* o) {
   F(in<A>(o->a), in<B>(o->b), o->len, static_cast<D*>(o->d));
 }
 void deviation(const Operands* o) { moments(in<real>(o->a), o->len, nullptr, out<real>(o)); }
-void mean_and_deviation(const Operands* o) {
-  moments(in<real>(o->a), o->len, out<real>(o), static_cast<real*>(o->e));
-}
+void mean_and_deviation(const Operands* o) { moments(in<real>(o->a), o->len, out<real>(o), static_cast<real*>(o->e)); }
 
 const NamedLoop kLoops[] = {
     {"noxsSum_64f", one<real, real, sum_real>},

@@ -20,9 +20,7 @@ struct F32x1 {
     return {_mm_castsi128_ps(_mm_cvtsi32_si128(reinterpret_cast<const Word*>(p)->value))};
   }
   static NOX_INLINE F32x1 zero() { return {_mm_setzero_ps()}; }
-  NOX_INLINE void store(elem* p) const {
-    reinterpret_cast<Word*>(p)->value = _mm_cvtsi128_si32(_mm_castps_si128(v));
-  }
+  NOX_INLINE void store(elem* p) const { reinterpret_cast<Word*>(p)->value = _mm_cvtsi128_si32(_mm_castps_si128(v)); }
 
  private:
   struct __attribute__((packed, may_alias)) Word {
@@ -67,12 +65,18 @@ NOX_INLINE F32x8 min(F32x8 a, F32x8 b) { return {_mm256_min_ps(a.v, b.v)}; }
 template <class V>
 NOX_INLINE V load_quad(const Nox32f* p);
 template <>
-NOX_INLINE F32x1 load_quad(const Nox32f* p) { return {_mm_load_ps(p)}; }
+NOX_INLINE F32x1 load_quad(const Nox32f* p) {
+  return {_mm_load_ps(p)};
+}
 template <>
-NOX_INLINE F32x4 load_quad(const Nox32f* p) { return {_mm_load_ps(p)}; }
+NOX_INLINE F32x4 load_quad(const Nox32f* p) {
+  return {_mm_load_ps(p)};
+}
 #if NOX_LEVEL >= 3
 template <>
-NOX_INLINE F32x8 load_quad(const Nox32f* p) { return {_mm256_broadcast_ss(p)}; }
+NOX_INLINE F32x8 load_quad(const Nox32f* p) {
+  return {_mm256_broadcast_ss(p)};
+}
 #endif
 
 // a * b + c in one rounding, in the build that fuses; the others have it for all lanes beside those of doubles.

@@ -49,8 +49,8 @@ NOX_INLINE V256<Nox32s> by_doubles(F f, V256<Nox32s> a, V... more) {
   const auto low = [](__m256i x) { return F64x4{_mm256_cvtepi32_pd(_mm256_castsi256_si128(x))}; };
   const auto high = [](__m256i x) { return F64x4{_mm256_cvtepi32_pd(_mm256_extracti128_si256(x, 1))}; };
   const __m128i first = _mm256_cvtpd_epi32(f(low(a.v), low(more.v)...).v);
-  return {_mm256_inserti128_si256(_mm256_castsi128_si256(first),
-                                  _mm256_cvtpd_epi32(f(high(a.v), high(more.v)...).v), 1)};
+  return {
+      _mm256_inserti128_si256(_mm256_castsi128_si256(first), _mm256_cvtpd_epi32(f(high(a.v), high(more.v)...).v), 1)};
 }
 #endif
 

@@ -82,8 +82,8 @@ NOX_INLINE V128<Nox64u> multiply_even(V128<Nox32s> a, V128<Nox32s> b) {
   return {_mm_mul_epi32(a.v, b.v)};
 #else
   // Of the unsigned product, a negative factor leaves the other one too much in the upper half.
-  const __m128i excess = _mm_add_epi32(_mm_and_si128(_mm_srai_epi32(a.v, 31), b.v),
-                                       _mm_and_si128(_mm_srai_epi32(b.v, 31), a.v));
+  const __m128i excess =
+      _mm_add_epi32(_mm_and_si128(_mm_srai_epi32(a.v, 31), b.v), _mm_and_si128(_mm_srai_epi32(b.v, 31), a.v));
   return {_mm_sub_epi64(_mm_mul_epu32(a.v, b.v), _mm_slli_epi64(excess, 32))};
 #endif
 }
@@ -117,8 +117,7 @@ NOX_INLINE V128<Nox16s> multiply_rounded(V128<Nox16s> a, V128<Nox16s> b) { retur
 // `yes` where the sign of a lane of `sign` is set, else `no`.
 NOX_INLINE V128<Nox32s> select_by_sign(V128<Nox32s> sign, V128<Nox32s> yes, V128<Nox32s> no) {
 #if NOX_LEVEL >= 2
-  return {_mm_castps_si128(
-      _mm_blendv_ps(_mm_castsi128_ps(no.v), _mm_castsi128_ps(yes.v), _mm_castsi128_ps(sign.v)))};
+  return {_mm_castps_si128(_mm_blendv_ps(_mm_castsi128_ps(no.v), _mm_castsi128_ps(yes.v), _mm_castsi128_ps(sign.v)))};
 #else
   return select_lanes(V128<Nox32s>{_mm_srai_epi32(sign.v, 31)}, yes, no);
 #endif

@@ -272,8 +272,7 @@ NOX_API(void) noxsDCTFree_64f_Idx(NoxDctHandle* pHandle);
  *         ::noxStsSizeErr for @p len below 1; otherwise ::noxStsNoErr
  */
 NOX_API(NoxStatus)
-noxsRandGauss_Direct_64f_Idx(Nox64f pDst[], int dstIdx, int len, Nox64f mean, Nox64f stdDev,
-                             const unsigned int* pSeed);
+noxsRandGauss_Direct_64f_Idx(Nox64f pDst[], int dstIdx, int len, Nox64f mean, Nox64f stdDev, const unsigned int* pSeed);
 
 /**
  * @brief Fills an array like noxsRandUniform_64f(), from a stream started for this call alone.
@@ -286,8 +285,7 @@ noxsRandGauss_Direct_64f_Idx(Nox64f pDst[], int dstIdx, int len, Nox64f mean, No
  * @return as noxsRandGauss_Direct_64f_Idx()
  */
 NOX_API(NoxStatus)
-noxsRandUniform_Direct_64f_Idx(Nox64f pDst[], int dstIdx, int len, Nox64f low, Nox64f high,
-                               const unsigned int* pSeed);
+noxsRandUniform_Direct_64f_Idx(Nox64f pDst[], int dstIdx, int len, Nox64f low, Nox64f high, const unsigned int* pSeed);
 
 NOX_END_DECLS
 

@@ -116,8 +116,8 @@ NOX_API(NoxStatus) noxiFilterGetBufSize_64f_C1R(int kernelWidth, int kernelHeigh
  * @brief Convolves double pixels with a kernel about an anchor, reading around the region what stands there.
  *
  * `dst(x, y)` is the sum over r, c of `K[r][c] * src(x + anchorX - c, y + anchorY - r)`. From the kernel's last
- * coefficient to its first, every other tap of a row goes to one sum and the rest to a second, both from 0 and joined at
- * the end. The h9 build fuses multiply and add; the other four are equal bit for bit. NaN and infinity spread to the
+ * coefficient to its first, every other tap of a row goes to one sum and the rest to a second, both from 0 and joined
+ * at the end. The h9 build fuses multiply and add; the other four are equal bit for bit. NaN and infinity spread to the
  * outputs whose windows hold them.
  *
  * @param pSrc          first pixel of the region, at any address; the kernel's reach around it is read too

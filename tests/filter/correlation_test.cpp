@@ -40,8 +40,7 @@ int auto_size(int srcLen, int dstLen, int type, int algType) {
 }
 int cross_size(int aLen, int bLen, int dstLen, int lowLag, int type, int algType) {
   int size = -1;
-  EXPECT_EQ(noxStsNoErr,
-            kit::call(noxsCrossCorrNormGetBufferSize, aLen, bLen, dstLen, lowLag, type, algType, &size));
+  EXPECT_EQ(noxStsNoErr, kit::call(noxsCrossCorrNormGetBufferSize, aLen, bLen, dstLen, lowLag, type, algType, &size));
   return size;
 }
 
@@ -62,8 +61,8 @@ TEST_P(Correlation, OfOneArrayAgreesWithTheDefinition) {
             const Guarded<T> src(x, edge, place * 3 % 32);
             Guarded<T> dst(static_cast<size_t>(dstLen), edge, place * 5 % 32);
             Guarded<Nox8u> buffer(static_cast<size_t>(size), edge, place % 64);
-            ASSERT_EQ(noxStsNoErr, kit::call(kAuto<T>, src.data(), srcLen, dst.data(), dstLen,
-                                             algType | norm | 0x30000, buffer.data()));
+            ASSERT_EQ(noxStsNoErr, kit::call(kAuto<T>, src.data(), srcLen, dst.data(), dstLen, algType | norm | 0x30000,
+                                             buffer.data()));
             for (int k = 0; k < dstLen; ++k) {
               const long double whole = kReal<T> ? Nox64f(1.0f / Nox32f(srcLen)) : 1.0L / srcLen;
               const long double factor = norm == NOX_NORM_A                 ? whole
@@ -92,11 +91,10 @@ void check_cross(const std::vector<T>& a, const std::vector<T>& b, int dstLen, i
   const long double largest = reference::largest_sum(a, b);
   for (int i = 0; i < dstLen; ++i) {
     const reference::Sum sum = reference::correlated(a, b, int64_t{lowLag} + i);
-    const long double factor = norm == NOX_NORM_A                  ? 1.0L / std::min(aLen, bLen)
+    const long double factor = norm == NOX_NORM_A                    ? 1.0L / std::min(aLen, bLen)
                                : norm == NOX_NORM_B && sum.terms > 0 ? 1.0L / sum.terms
-                                                                   : 1;
-    ASSERT_TRUE(
-        reference::is_sum(dst[static_cast<size_t>(i)], sum, factor, size == 64 || sum.terms == 0, largest))
+                                                                     : 1;
+    ASSERT_TRUE(reference::is_sum(dst[static_cast<size_t>(i)], sum, factor, size == 64 || sum.terms == 0, largest))
         << "output " << i;
   }
 }
@@ -139,8 +137,8 @@ TEST_P(Correlation, LagsBesideTheArraysAreZeros) {
   for (const int lowLag : {kLowest, -13, 8, kMost}) {
     std::vector<Nox64f> d(6, 7.0);
     // No lag has a term, so nothing is normalised, and no buffer is needed.
-    EXPECT_EQ(noxStsNoErr, noxsCrossCorrNorm_64f(x.data(), 8, x.data(), 8, d.data(), 6, lowLag,
-                                                 NOX_ALG_FFT | 0x700, nullptr));
+    EXPECT_EQ(noxStsNoErr,
+              noxsCrossCorrNorm_64f(x.data(), 8, x.data(), 8, d.data(), 6, lowLag, NOX_ALG_FFT | 0x700, nullptr));
     EXPECT_TRUE(kit::same_bits(d.data(), zeros.data(), 6)) << lowLag;
     EXPECT_EQ(cross_size(8, 8, 6, lowLag, NOX_TYPE_64F, NOX_ALG_FFT), 64);
   }

@@ -51,7 +51,7 @@ struct Declaration {
   void* address;  // null for a primitive that has no export
   int row;        // in the dispatch table, -1 for a function with one body
   Type result;
-  bool equal;         // its comment says that all builds give the same bits
+  bool equal;  // its comment says that all builds give the same bits
   std::vector<Parameter> parameters;
 
   bool is_index_form() const;

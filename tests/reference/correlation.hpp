@@ -47,10 +47,9 @@ Sum correlated(const std::vector<T>& a, const std::vector<T>& b, int64_t n) {
 // a few units of the largest sum there can be.
 template <class T>
 testing::AssertionResult is_sum(const T& value, const Sum& sum, long double factor, bool direct, long double largest) {
-  const long double off = std::fmax(std::fabs(sum.re * factor - real_part(value)),
-                                    std::fabs(sum.im * factor - imag_part(value)));
-  const long double bound =
-      0x1p-53L * std::fabs(factor) * (direct ? (sum.terms + 4) * sum.size : 16 * largest);
+  const long double off =
+      std::fmax(std::fabs(sum.re * factor - real_part(value)), std::fabs(sum.im * factor - imag_part(value)));
+  const long double bound = 0x1p-53L * std::fabs(factor) * (direct ? (sum.terms + 4) * sum.size : 16 * largest);
   if (off <= bound) return testing::AssertionSuccess();
   return testing::AssertionFailure() << kit::describe(value) << " is off by " << off << ", more than " << bound;
 }

@@ -48,8 +48,8 @@ TEST_P(Sums, RealsInThePromisedOrder) {
     const double count = len, sum = reference::sum(x.data(), n, order());
     ASSERT_TRUE(equal(sum, result<Nox64f>(noxsSum_64f, x.data(), len))) << n;
     ASSERT_TRUE(equal(sum / count, result<Nox64f>(noxsMean_64f, x.data(), len)));
-    ASSERT_TRUE(equal(reference::dot(x.data(), y.data(), n, order()),
-                      result<Nox64f>(noxsDotProd_64f, x.data(), y.data(), len)))
+    ASSERT_TRUE(
+        equal(reference::dot(x.data(), y.data(), n, order()), result<Nox64f>(noxsDotProd_64f, x.data(), y.data(), len)))
         << n << " at " << place.first << " and " << place.second;
     if (n < 2) return;
     const double deviation = reference::deviation(x.data(), n, order());
@@ -158,7 +158,10 @@ TEST_P(Sums, IntegersByEveryScale) {
       check_sums(x, y, scale);
       Nox32s value = 77;
       ASSERT_EQ(noxStsNoErr, call(noxsDotProd_32s_Sfs, x.data(), z.data(), static_cast<int>(n), &value, scale));
-      ASSERT_EQ(reference::scaled(products, scale < -31 ? -31 : scale > 93 ? 93 : scale), value)
+      ASSERT_EQ(reference::scaled(products, scale < -31  ? -31
+                                            : scale > 93 ? 93
+                                                         : scale),
+                value)
           << products << " by " << scale << ", length " << n << " at " << place.second;
     }
   });

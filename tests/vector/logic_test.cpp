@@ -49,11 +49,17 @@ struct Bitwise {
   T (*expected)(T, T);
 };
 template <class T>
-T and_of(T a, T b) { return T(a & b); }
+T and_of(T a, T b) {
+  return T(a & b);
+}
 template <class T>
-T or_of(T a, T b) { return T(a | b); }
+T or_of(T a, T b) {
+  return T(a | b);
+}
 template <class T>
-T xor_of(T a, T b) { return T(a ^ b); }
+T xor_of(T a, T b) {
+  return T(a ^ b);
+}
 
 template <class T>
 void check_bitwise(const Bitwise<T>& f) {
@@ -97,7 +103,9 @@ void check_unary(Plain<T> plain, InPlace<T> in_place, size_t parts, T (*expected
       [=](const std::vector<T>& x, const std::vector<T>&, size_t i) { return expected(x, i); });
 }
 template <class T>
-T complement(const std::vector<T>& x, size_t i) { return T(~x[i]); }
+T complement(const std::vector<T>& x, size_t i) {
+  return T(~x[i]);
+}
 template <class T>
 T bytes_reversed(const std::vector<T>& x, size_t i) {
   T out = 0;
@@ -118,7 +126,9 @@ TEST_P(Logic, ComplementsAndByteSwaps) {
 
 // By products and quotients, rounded down, of powers of two.
 template <class T>
-T shifted_left(T x, int n) { return n >= 32 ? T(0) : T(static_cast<Nox64s>(x) * (Nox64s{1} << n)); }
+T shifted_left(T x, int n) {
+  return n >= 32 ? T(0) : T(static_cast<Nox64s>(x) * (Nox64s{1} << n));
+}
 template <class T>
 T shifted_right(T x, int n) {
   const Nox64s divisor = Nox64s{1} << (n < 40 ? n : 40);
@@ -126,7 +136,8 @@ T shifted_right(T x, int n) {
 }
 
 template <class T>
-void check_shift(NoxStatus (*plain)(const T*, int, T*, int), NoxStatus (*in_place)(int, T*, int), T (*expected)(T, int)) {
+void check_shift(NoxStatus (*plain)(const T*, int, T*, int), NoxStatus (*in_place)(int, T*, int),
+                 T (*expected)(T, int)) {
   constexpr int kWidth = static_cast<int>(sizeof(T)) * 8;
   for (const int n : {0, 3, kWidth - 1, kWidth, 0x7FFFFFFF})
     check_forms<T>(

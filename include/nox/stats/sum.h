@@ -129,8 +129,8 @@ NOX_API(NoxStatus) noxsDotProd_64f64fc(const Nox64f pSrc1[], const Nox64fc pSrc2
  * @param scaleFactor  any value
  * @return ::noxStsNullPtrErr for a null pointer, then ::noxStsSizeErr for @p len below 1; otherwise ::noxStsNoErr
  */
-NOX_API(NoxStatus) noxsDotProd_32s_Sfs(const Nox32s pSrc1[], const Nox32s pSrc2[], int len, Nox32s* pDotProd,
-                                       int scaleFactor);
+NOX_API(NoxStatus)
+noxsDotProd_32s_Sfs(const Nox32s pSrc1[], const Nox32s pSrc2[], int len, Nox32s* pDotProd, int scaleFactor);
 
 NOX_END_DECLS
 

@@ -1,7 +1,8 @@
 /* Complex values as records, as two arrays of parts and in polar form; absolute values.
  *
- * The _64f forms take separate arrays of parts, the _64fc forms records. Nothing is scaled on the way: a magnitude whose
- * parts pass 1.3e154 is infinity, and one whose squares vanish is 0. Nothing is written on an error but where told. */
+ * The _64f forms take separate arrays of parts, the _64fc forms records. Nothing is scaled on the way: a magnitude
+ * whose parts pass 1.3e154 is infinity, and one whose squares vanish is 0. Nothing is written on an error but where
+ * told. */
 #ifndef NOX_VECTOR_COMPLEX_H
 #define NOX_VECTOR_COMPLEX_H
 
@@ -97,8 +98,8 @@ NOX_API(NoxStatus) noxsCartToPolar_64fc(const Nox64fc pSrc[], Nox64f pDstMagn[],
 /**
  * @brief Parts from polar form: `pDstRe[i] = magn * cos(phase)`, `pDstIm[i] = magn * sin(phase)`.
  *
- * Sine and cosine are at most 0.83 units in the last place off at any angle; the products are rounded. Builds may differ in
- * the last places.
+ * Sine and cosine are at most 0.83 units in the last place off at any angle; the products are rounded. Builds may
+ * differ in the last places.
  *
  * @param pSrcMagn   array of @p len magnitudes, of either sign
  * @param pSrcPhase  array of @p len angles in radians

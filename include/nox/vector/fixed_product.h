@@ -117,8 +117,8 @@ NOX_API(NoxStatus) noxsMulC_32sc_ISfs(Nox32sc val, Nox32sc pSrcDst[], int len, i
  * @return ::noxStsNullPtrErr for a null pointer, then ::noxStsSizeErr for @p len below 1;
  *         otherwise ::noxStsNoErr
  */
-NOX_API(NoxStatus) noxsAddProduct_32s_Sfs(const Nox32s pSrc1[], const Nox32s pSrc2[], Nox32s pSrcDst[],
-                                          int len, int scaleFactor);
+NOX_API(NoxStatus)
+noxsAddProduct_32s_Sfs(const Nox32s pSrc1[], const Nox32s pSrc2[], Nox32s pSrcDst[], int len, int scaleFactor);
 
 /**
  * @brief Scaled quotient, second array by first: `pDst[i] = pSrc2[i] / pSrc1[i]`. Equal in all builds.

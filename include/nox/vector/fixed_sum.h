@@ -39,8 +39,8 @@ NOX_API(NoxStatus) noxsAdd_32s_Sfs(const Nox32s pSrc1[], const Nox32s pSrc2[], N
  * @return ::noxStsSizeErr for @p len below 1, then ::noxStsNullPtrErr for a null pointer;
  *         otherwise ::noxStsNoErr
  */
-NOX_API(NoxStatus) noxsAdd_32sc_Sfs(const Nox32sc pSrc1[], const Nox32sc pSrc2[], Nox32sc pDst[],
-                                    int len, int scaleFactor);
+NOX_API(NoxStatus)
+noxsAdd_32sc_Sfs(const Nox32sc pSrc1[], const Nox32sc pSrc2[], Nox32sc pDst[], int len, int scaleFactor);
 
 /**
  * @brief Scaled sum in place: `pSrcDst[i] = pSrcDst[i] + pSrc[i]`. Equal in all builds.
@@ -96,8 +96,8 @@ NOX_API(NoxStatus) noxsSub_32s_Sfs(const Nox32s pSrc1[], const Nox32s pSrc2[], N
  * @return ::noxStsSizeErr for @p len below 1, then ::noxStsNullPtrErr for a null pointer;
  *         otherwise ::noxStsNoErr
  */
-NOX_API(NoxStatus) noxsSub_32sc_Sfs(const Nox32sc pSrc1[], const Nox32sc pSrc2[], Nox32sc pDst[],
-                                    int len, int scaleFactor);
+NOX_API(NoxStatus)
+noxsSub_32sc_Sfs(const Nox32sc pSrc1[], const Nox32sc pSrc2[], Nox32sc pDst[], int len, int scaleFactor);
 
 /**
  * @brief Scaled difference in place: `pSrcDst[i] = pSrcDst[i] - pSrc[i]`. Equal in all builds.
