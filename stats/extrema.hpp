@@ -6,6 +6,7 @@
 #pragma once
 #include "core/body.hpp"
 #include "core/reduce.hpp"
+#include "core/simd/choose.hpp"
 
 namespace nox {
 inline namespace NOX_VARIANT {
@@ -85,6 +86,13 @@ NOX_INLINE T extreme(const T* s, int len, View view, F f) {
   return fold_lanes(f, f(f(a, b), f(c, d)));
 }
 
+// A vector for two operations, loaded once: those of AVX would load it each, from any address; the others can't.
+template <class V>
+NOX_INLINE V for_two(V x) {
+  if constexpr (NOX_LEVEL >= 3) return once(x);
+  return x;
+}
+
 // Both extremes in one pass.
 template <class T>
 struct Extremes {
@@ -99,7 +107,7 @@ NOX_INLINE Extremes<T> extremes(const T* s, int len) {
   least[0] = most[0] = V::load(s);
   least[1] = most[1] = V::load(s + n - V::N);
   const auto take = [&](const T* p, int k) {
-    const V x = V::load(p);
+    const V x = for_two(V::load(p));
     least[k] = min(least[k], x);
     most[k] = max(most[k], x);
   };

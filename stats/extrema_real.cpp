@@ -15,7 +15,7 @@ using V = f64::vec;
 struct Lanes {
   int one, for_place, both;
 };
-constexpr Lanes lanes = NOX_LEVEL >= 3 ? Lanes{4, 4, 4} : Lanes{4, 2, 1};
+constexpr Lanes lanes = NOX_LEVEL >= 3 ? Lanes{4, 4, 2} : Lanes{4, 2, 1};
 
 template <int Count, class F>
 NOX_INLINE V fold_all(F f, V (&a)[Count]) {
@@ -48,7 +48,10 @@ struct OneBoth {
 NOX_INLINE OneBoth low(Both a) { return {low(a.least), low(a.most)}; }
 NOX_INLINE Both with_low(Both a, OneBoth b) { return {with_low(a.least, b.least), with_low(a.most, b.most)}; }
 struct BothStep {
-  NOX_INLINE Both operator()(Both a, V x) const { return {min(a.least, x), max(a.most, x)}; }
+  NOX_INLINE Both operator()(Both a, V x) const {
+    x = for_two(x);
+    return {min(a.least, x), max(a.most, x)};
+  }
   NOX_INLINE OneBoth operator()(OneBoth a, F64x1 x) const { return {min(a.least, x), max(a.most, x)}; }
 };
 NOX_INLINE OneBoth extremes_of(const Nox64f* s, int len) {
