@@ -24,7 +24,7 @@ BARS = [
 ]
 
 LIMITS = """
-The layer has one body for SSE2 and one for AVX, none with wider integers: beside AVX2 compilers its loops on integers
-run at half their width. Elementwise extremes of 32 bits are four instructions in SSE2. The transposes read and write
-in the plain order by contract; what they cost is the cache's, and the compilers pay the same.
+Elementwise extremes of 32 bits are four instructions in SSE2. Conversions of bytes stay at 128 bits in the builds
+beyond SSE2. The transposes read and write in the plain order by contract; what they cost is the cache's, and the
+compilers pay the same.
 """
