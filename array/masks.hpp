@@ -27,40 +27,37 @@ struct Outcomes {
       return static_cast<Nox32u>(
           _mm_movemask_epi8(_mm_packs_epi16(_mm_packs_epi32(v[0], v[1]), _mm_packs_epi32(v[2], v[3]))));
   }
-  // put(q, words) for each quarter, in words of 32 bits.
-  template <class Put>
-  NOX_INLINE void words(Put&& put) const {
-    if constexpr (kWidth == 1) {
-      const __m128i low = _mm_unpacklo_epi8(v[0], v[0]), high = _mm_unpackhi_epi8(v[0], v[0]);
-      Outcomes<Nox16s>{{low, high}}.words(put);
-    } else if constexpr (kWidth == 2) {
-#pragma GCC unroll 4
-      for (Nox32u i = 0; i < 2; ++i) {
-        put(2 * i, _mm_unpacklo_epi16(v[i], v[i]));
-        put(2 * i + 1, _mm_unpackhi_epi16(v[i], v[i]));
-      }
-    } else {
-#pragma GCC unroll 4
-      for (Nox32u i = 0; i < 4; ++i) put(i, v[i]);
-    }
-  }
 };
 
-// Outcomes of test(i), a vector of outcomes for the elements from i on.
+// The i-th vector of outcomes, test(k) giving those of the elements from k on.
+template <class T, class Test>
+NOX_INLINE __m128i outcome(Nox32u i, Test&& test) {
+  if constexpr (sizeof(T) <= 4) {
+    return test(i * (kGroup / Outcomes<T>::kWidth)).v;
+  } else {
+    const __m128 low = _mm_castpd_ps(test(4 * i).v), high = _mm_castpd_ps(test(4 * i + 2).v);
+    return _mm_castps_si128(_mm_shuffle_ps(low, high, 0x88));
+  }
+}
 template <class T, class Test>
 NOX_INLINE Outcomes<T> outcomes(Test&& test) {
   Outcomes<T> r;
-  if constexpr (sizeof(T) <= 4) {
 #pragma GCC unroll 4
-    for (Nox32u i = 0; i < r.kWidth; ++i) r.v[i] = test(i * (kGroup / r.kWidth)).v;
-  } else {
-#pragma GCC unroll 4
-    for (Nox32u i = 0; i < 4; ++i) {
-      const __m128 low = _mm_castpd_ps(test(4 * i).v), high = _mm_castpd_ps(test(4 * i + 2).v);
-      r.v[i] = _mm_castps_si128(_mm_shuffle_ps(low, high, 0x88));
-    }
-  }
+  for (Nox32u i = 0; i < r.kWidth; ++i) r.v[i] = outcome<T>(i, test);
   return r;
+}
+// put(q, words) for each quarter of the sixteen that the i-th vector of outcomes holds, in words of 32 bits.
+template <class T, class Put>
+NOX_INLINE void words(Nox32u i, __m128i v, Put&& put) {
+  if constexpr (sizeof(T) == 1) {
+    words<Nox16s>(0, _mm_unpacklo_epi8(v, v), put);
+    words<Nox16s>(1, _mm_unpackhi_epi8(v, v), put);
+  } else if constexpr (sizeof(T) == 2) {
+    put(2 * i, _mm_unpacklo_epi16(v, v));
+    put(2 * i + 1, _mm_unpackhi_epi16(v, v));
+  } else {
+    put(i, v);
+  }
 }
 
 // The outcome of a single element.

@@ -82,8 +82,8 @@ struct Others {
     return keeps_unread(d, p, n);
   }
   // run(test, flipped) for the test of equality.
-  template <class Run>
-  NOX_INLINE void equality(Run&& run, bool flipped) const {
+  template <class Run, class Flipped>
+  NOX_INLINE void equality(Run&& run, Flipped flipped) const {
     if constexpr (std::is_integral_v<T>)
       run(Equal{}, flipped);
     else
@@ -101,8 +101,8 @@ struct Value {
   NOX_INLINE bool kept_by(const D*, Nox32u) const {
     return true;
   }
-  template <class Run>
-  NOX_INLINE void equality(Run&& run, bool flipped) const {
+  template <class Run, class Flipped>
+  NOX_INLINE void equality(Run&& run, Flipped flipped) const {
     if constexpr (std::is_integral_v<T>) {
       run(Equal{}, flipped);
     } else {
@@ -120,31 +120,35 @@ struct Value {
 template <class T, class Right, class Run>
 NOX_INLINE void by_code(Nox32u code, const Right& right, Run&& run) {
   constexpr bool kWhole = std::is_integral_v<T>;
+  constexpr std::false_type kAsIs;
+  constexpr std::true_type kFlipped;
   switch (code) {
     case 0:
-      return run(Less{}, false);
+      return run(Less{}, kAsIs);
     case 1:
       if constexpr (kWhole)
-        return run(More{}, true);
+        return run(More{}, kFlipped);
       else
-        return run(LessOrEqual{}, false);
+        return run(LessOrEqual{}, kAsIs);
     case 2:
-      return run(More{}, false);
+      return run(More{}, kAsIs);
     case 3:
       if constexpr (kWhole)
-        return run(Less{}, true);
+        return run(Less{}, kFlipped);
       else
-        return run(MoreOrEqual{}, false);
+        return run(MoreOrEqual{}, kAsIs);
     case 4:
+      return right.equality(run, kAsIs);
     case 5:
-      return right.equality(run, code == 5);
+      return right.equality(run, kFlipped);
   }
 }
 
+// The outcomes of lanes, by their place from k on.
 template <class T, class Right, class Test>
-NOX_INLINE Outcomes<T> compared(const T* x, const Right& right, Nox32u k, Test test) {
+NOX_INLINE auto compared(const T* x, const Right& right, Nox32u k, Test test) {
   using V = std::conditional_t<std::is_integral_v<T>, V128<T>, F64x2>;
-  return outcomes<T>([&](Nox32u i) NOX_IN_LOOP { return test(V::load(x + k + i), right.template lanes<V>(k + i)); });
+  return [=](Nox32u i) NOX_IN_LOOP { return test(V::load(x + k + i), right.template lanes<V>(k + i)); };
 }
 template <class T, class Right, class Test>
 NOX_INLINE bool compared_one(const T* x, const Right& right, Nox32u k, Test test) {
@@ -159,28 +163,35 @@ constexpr bool kSigned = std::is_same_v<Test, Alike> || std::is_same_v<Test, Bot
 
 template <class T, class Right>
 NOX_INLINE void find_mask(Nox32u code, const T* x, Right right, Nox32s* mask, Nox32u n) {
-  by_code<T>(code, right, [&](auto test, bool flipped) NOX_IN_LOOP {
+  by_code<T>(code, right, [&](auto test, auto flipped) NOX_IN_LOOP {
     using Test = decltype(test);
+    constexpr bool kSigns = kSigned<Test> && !flipped;
     const Value<T> lowest = {std::is_integral_v<T> ? T(0) : static_cast<T>(-HUGE_VAL)};
     Nox32u k = 0;
-    if (keeps_unread(mask, x, n) && right.kept_by(mask, n)) {
-      const __m128i one = _mm_set1_epi32(1), flip = _mm_set1_epi32(flipped);
-      for (; n - k >= kGroup; k += kGroup) {
-        __m128i ones[4] = {one, one, one, one};
-        if constexpr (kSigned<Test>)
-          if (!flipped)
-            compared(x, lowest, k, Equal{}).words([&](Nox32u q, __m128i w) NOX_IN_LOOP {
-              ones[q] = _mm_or_si128(one, w);
-            });
-        compared(x, right, k, test).words([&](Nox32u q, __m128i w) NOX_IN_LOOP {
-          V128<Nox32s>{_mm_xor_si128(_mm_and_si128(w, ones[q]), flip)}.store(mask + k + 4 * q);
-        });
-      }
+    if (n >= kGroup && keeps_unread(mask, x, n) && right.kept_by(mask, n)) {
+      const auto group = [=](Nox32u at, Nox32s* to) NOX_IN_LOOP {
+        const __m128i one = _mm_set1_epi32(1);
+        const auto put = [=](Nox32u q, __m128i w) NOX_IN_LOOP {
+          __m128i ones = one;
+          if constexpr (kSigns) ones = _mm_or_si128(one, outcome<T>(q, compared(x, lowest, at, Equal{})));
+          V128<Nox32s>{flipped ? _mm_andnot_si128(w, one) : _mm_and_si128(w, ones)}.store(to + 4 * q);
+        };
+#pragma GCC unroll 4
+        for (Nox32u i = 0; i < Outcomes<T>::kWidth; ++i) {
+          words<T>(i, outcome<T>(i, compared(x, right, at, test)), put);
+          in_order();
+        }
+      };
+      Nox32s last[kGroup];  // before anything that it depends on may be written over
+      if (n % kGroup != 0) group(n - kGroup, last);
+      for (; n - k >= kGroup; k += kGroup) group(k, mask + k);
+      if (k < n) __builtin_memcpy(mask + (n - kGroup), last, sizeof last);
+      return;
     }
     for (; k < n; ++k) {
       Nox32s word = compared_one(x, right, k, test) != flipped;
-      if constexpr (kSigned<Test>)
-        if (!flipped && compared_one(x, lowest, k, Equal{})) word = -word;
+      if constexpr (kSigns)
+        if (compared_one(x, lowest, k, Equal{})) word = -word;
       IntOne<Nox32s>{word}.store(mask + k);
     }
   });
@@ -198,7 +209,7 @@ NOX_INLINE void find(Nox32u code, const T* x, Right right, Nox32u* indexes, T* v
   by_code<T>(code, right, [&](auto test, bool flipped) NOX_IN_LOOP {
     const Nox32u flip = flipped ? (1u << kGroup) - 1 : 0;
     found = list_matches(
-        n, grouped, [=](Nox32u k) NOX_IN_LOOP { return compared(x, right, k, test).bits() ^ flip; },
+        n, grouped, [=](Nox32u k) NOX_IN_LOOP { return outcomes<T>(compared(x, right, k, test)).bits() ^ flip; },
         [=](Nox32u k) NOX_IN_LOOP { return compared_one(x, right, k, test) != flipped; },
         [=](Nox32u k, Nox32u place) NOX_IN_LOOP {
           if constexpr (Gathers) move_one(values + place, x + k);
