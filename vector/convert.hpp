@@ -18,7 +18,8 @@ NOX_INLINE __m128i load_4(const void* p) {
   return _mm_cvtsi32_si128(four);
 }
 NOX_INLINE void store_16(void* p, __m128i x) { _mm_storeu_si128(static_cast<__m128i*>(p), x); }
-NOX_INLINE void store_8(void* p, __m128i x) { _mm_storel_epi64(static_cast<__m128i*>(p), x); }
+// As floats: of the lower half as an integer the compiler would make two of 32 bits.
+NOX_INLINE void store_8(void* p, __m128i x) { _mm_storel_pi(static_cast<__m64*>(p), _mm_castsi128_ps(x)); }
 
 // Eight words in the low halves of eight integers, with their signs or without.
 template <bool Signed>
