@@ -78,11 +78,11 @@ template <class Term, class F, class... S>
 NOX_INLINE F64x1 real_norm(Term term, F f, int len, const Nox64f* s, const S*... more) {
   using V = f64::vec;
   const size_t peel = peel_to_boundary<V>(s, static_cast<size_t>(len));
-  return norm < f64, V, kWide ? 4 : 2 > (term, f, peel, len, s, more...);
+  return norm<f64, V, (kWide ? 4 : 2)>(term, f, peel, len, s, more...);
 }
 template <class Term, class F, class... S>
 NOX_INLINE F64x1 complex_norm(Term term, F f, int len, const S*... s) {
-  return norm < split_c64, SplitLanes::V, kWide ? 4 : 1 > (term, f, 0, len, s...);
+  return norm<split_c64, SplitLanes::V, (kWide ? 4 : 1)>(term, f, 0, len, s...);
 }
 
 // The maximum of real magnitudes in four lanes of two vectors.

@@ -1,4 +1,4 @@
-/* The array layer: functions with one body for all processors that return no status and test nothing.
+/* The array layer: functions that return no status and test nothing, with the same results on all processors.
  *
  * A bad address faults; the accessors serve hosts that can't read through an address themselves. */
 #ifndef NOX_ARRAY_H
