@@ -75,8 +75,22 @@ NOX_INLINE void lagged_sum(const T* s, T* d, Nox32u n, Nox32u lag) {
   for (; k < n; ++k) (One::load(s + k) + One::load(d + (k - lag))).store(d + k);
 }
 
-// The numbers k and k + 1.
-NOX_INLINE F64x2 pair_from(__m128i k) { return {_mm_cvtepi32_pd(k)}; }
+// Whole vectors of offset + k * step, `one` being what the places k rise by from one to the next. Places are counted as
+// doubles, which is exact. Returns the number of reals written.
+template <class V>
+NOX_INLINE size_t ramp(Nox64f* d, size_t reals, V k, V one, V offset, V step) {
+  constexpr size_t N = V::N;
+  const V two = one + one, four = two + two;
+  size_t i = 0;
+  const auto put = [&](size_t at, V place) NOX_INLINED { (offset + place * step).store(d + i + at); };
+  for (; reals - i >= 4 * N; i += 4 * N, k = k + four) {
+    const V third = k + two;
+    put(0, k), put(N, k + one), put(2 * N, third), put(3 * N, third + one);
+  }
+  for (; reals - i >= N; i += N, k = k + one) put(0, k);
+  return i;
+}
+alignas(32) constexpr Nox64f kPlaces[] = {0, 1, 2, 3}, kComplexPlaces[] = {0, 0, 1, 1};
 
 }  // namespace
 }  // namespace NOX_VARIANT
@@ -106,20 +120,19 @@ void NOX_BODY(CumSumDelta_32s)(const Nox32s src[], Nox32s dst[], Nox32u n, Nox32
 }
 
 void NOX_BODY(Rampd)(Nox64f dst[], Nox32u n, Nox64f offset, Nox64f step) {
-  const F64x2 from = F64x2::all(offset), by = F64x2::all(step);
-  __m128i k = _mm_setr_epi32(0, 1, 0, 0);
-  const __m128i two = _mm_set1_epi32(2);
-  Nox32u i = 0;
-#pragma GCC unroll 4
-  for (; n - i >= 2; i += 2, k = _mm_add_epi32(k, two)) (from + pair_from(k) * by).store(dst + i);
-  if (i < n) F64x1{(from + pair_from(k) * by).v}.store(dst + i);
+  using V = f64::vec;
+  for (size_t i = ramp(dst, n, V::load(kPlaces), V::all(V::N), V::all(offset), V::all(step)); i < n; ++i)
+    (F64x1::all(offset) + F64x1::all(static_cast<Nox64f>(i)) * F64x1::all(step)).store(dst + i);
 }
 void NOX_BODY(Rampc)(Nox64fc dst[], Nox32u n, const Nox64fc* offset, const Nox64fc* step) {
-  const F64x2 from = parts(C64x1::load(offset)), by = parts(C64x1::load(step));
-  __m128i k = _mm_setzero_si128();
-  const __m128i one = _mm_set1_epi32(1);
-#pragma GCC unroll 4
-  for (Nox32u i = 0; i < n; ++i, k = _mm_add_epi32(k, one)) complex<C64x1>(from + pair_from(k) * by).store(dst + i);
+  using V = c64::vec;
+  using Reals = f64::vec;
+  const V from = V::all(*offset), by = V::all(*step);
+  const C64x1 last_from = C64x1::load(offset), last_by = C64x1::load(step);
+  const size_t done =
+      ramp(&dst->re, 2 * size_t{n}, Reals::load(kComplexPlaces), Reals::all(V::N), parts(from), parts(by));
+  for (size_t i = done / 2; i < n; ++i)
+    complex<C64x1>(parts(last_from) + F64x2::all(static_cast<Nox64f>(i)) * parts(last_by)).store(dst + i);
 }
 
 void NOX_BODY(Product)(const Nox64f src[], Nox32u n, Nox64f* product) {
