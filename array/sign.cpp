@@ -61,8 +61,11 @@ void NOX_BODY(Sgncd)(const Nox64fc src[], Nox64f dst[], Nox32u n) {
       dst, n, [](auto x) { return sign(apart(x).re, apart(x).im); }, src);
 }
 void NOX_BODY(Sgncc)(const Nox64fc src[], Nox64fc dst[], Nox32u n) {
-  forward(
-      dst, n, [](C64x1 x) { return beside_zero(sign(apart(x).re, apart(x).im)); }, src);
+  const auto of = [](C64x1 x) {
+    const F64x2 signs = sign(parts(x));  // of both parts; zero where there is none
+    return beside_zero(F64x1{(signs | ((signs == F64x2::zero()) & high_halves(signs, signs))).v});
+  };
+  forward(dst, n, of, src);
 }
 
 void NOX_BODY(SgnMul)(const Nox64f src[], Nox64f dst[], Nox32u n) {
