@@ -30,7 +30,7 @@ def measure(args):
     for old in args.results.glob("*.json"):
         old.unlink()
     start = time.monotonic()
-    for number in range(1, 1 + (1 if args.quick else args.passes)):
+    for number in range(1, 1 + (args.passes or (1 if args.quick else 2))):
         for build in args.builds:
             out = args.results / f"{build}-{number}.json"
             command = [str(args.bench), "--variant", build, "--out", str(out)] + (["--quick"] if args.quick else [])
@@ -211,8 +211,8 @@ def main():
     parser.add_argument("--docs", type=Path, default=ROOT / "docs", help="where performance.md goes")
     parser.add_argument("--builds", nargs="+", default=BUILDS, choices=BUILDS)
     parser.add_argument("--core", type=int, help="processor core to run on")
-    parser.add_argument("--passes", type=int, default=2, help="processes per build, their times pooled")
-    parser.add_argument("--quick", action="store_true", help="one pass, fewer repetitions and lengths")
+    parser.add_argument("--passes", type=int, help="processes per build, their times pooled (2, in a quick run 1)")
+    parser.add_argument("--quick", action="store_true", help="fewer repetitions and lengths, and one pass if not told otherwise")
     parser.add_argument("--family", help="only this family; the report then goes to the results folder, not to docs")
     parser.add_argument("--only", help="only rows with this part in their names; the report goes to the results folder")
     parser.add_argument("--reuse", action="store_true", help="don't measure, take the JSON that is there")
