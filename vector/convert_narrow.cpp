@@ -87,6 +87,19 @@ NOX_INLINE NoxStatus int_to_int(const Nox32s* s, typename To::elem* d, int len, 
     if (To::kCuts) return x;
     return min(max(x, V::all(bottom)), V::all(top));
   };
+  // Cut before the quotient is taken, where that is a multiple of 2^scale in 32 bits, a sum leaves room for its
+  // rounding.
+  if (!To::kCuts && scale > 0 && Nox64s{top} << scale <= INT32_MAX) {
+    const V low = V::all(bottom * (1 << scale)), high = V::all(top << scale),
+            below_half = V::all((1 << (scale - 1)) - 1);
+    return convert<Format<Nox32s>, To>(s, d, len, [=](Ints8 a) NOX_INLINED {
+      const auto quotient = [=](V x) NOX_INLINED {
+        const V in_range = min(max(x, low), high), odd = shift_right(in_range, scale) & V::all(1);
+        return shift_right(in_range + (below_half + odd), scale);
+      };
+      return each_vector(quotient, a);
+    });
+  }
   if (scale > 0)
     return convert<Format<Nox32s>, To>(s, d, len, [=](Ints8 a) NOX_INLINED {
       return each_vector([=](V x) NOX_INLINED { return cut_off(shifted_down<true>(x, scale)); }, a);
